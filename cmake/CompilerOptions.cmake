@@ -1,0 +1,28 @@
+# One place for how every target is compiled.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE Release)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(veilshot_options INTERFACE)
+target_include_directories(veilshot_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_definitions(veilshot_options INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS)
+target_compile_options(veilshot_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
+if(VEILSHOT_WARNINGS_AS_ERRORS)
+    target_compile_options(veilshot_options INTERFACE -Werror)
+endif()
+if(VEILSHOT_SANITIZE)
+    target_compile_options(veilshot_options INTERFACE -fsanitize=${VEILSHOT_SANITIZE} -fno-omit-frame-pointer)
+    target_link_options(veilshot_options INTERFACE -fsanitize=${VEILSHOT_SANITIZE})
+endif()

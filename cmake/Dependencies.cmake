@@ -1,0 +1,12 @@
+# Everything the build links against. The Debian packages are listed in packaging/packages.txt.
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Concurrent)
+find_package(ICU REQUIRED COMPONENTS i18n uc)
+find_package(OpenMP REQUIRED COMPONENTS CXX)
+find_package(OpenCV 4 REQUIRED COMPONENTS core imgproc objdetect)
+find_package(dlib REQUIRED)
+find_package(nlohmann_json REQUIRED)
+find_package(CLI11 REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(TESSERACT REQUIRED IMPORTED_TARGET tesseract lept)
+pkg_check_modules(PSL REQUIRED IMPORTED_TARGET libpsl)
+pkg_check_modules(HEIF REQUIRED IMPORTED_TARGET libheif)
