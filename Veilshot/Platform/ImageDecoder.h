@@ -26,8 +26,10 @@ using DecodedImage = std::variant<QImage, ImageError>;
 ///
 /// All functions may be called from several threads at once. They block for as long as decoding takes
 /// (a second for a very large image) and throw nothing. The first call turns the messages of the image
-/// libraries off for the process: it sets the logging rules "qt.gui.imageio*" and "qt.gui.icc" and clears
-/// libtiff's handlers. It also raises QImageReader's allocation limit.
+/// libraries off for the process: it sets the logging rules "qt.gui.imageio*" and "qt.gui.icc" (who sets
+/// rules later must repeat them) and clears libtiff's handlers. It also raises QImageReader's allocation
+/// limit. Only the video decoders below libheif may still print a line of their own, about damaged HEIC and
+/// AVIF data.
 namespace ImageDecoder {
 
 /// Larger images are refused by what their header says, before any of their pixels are decoded.
