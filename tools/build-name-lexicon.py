@@ -1,0 +1,127 @@
+#!/usr/bin/env python3
+"""Rebuilds VeilshotCore/Analysis/Data/NameLexicon.txt, the list behind the name tagger.
+
+    tools/build-name-lexicon.py LISTS --scowl DIR --danish FILE [--census DIR] [--usage FILE ...]
+
+LISTS holds first.tsv and last.tsv (a name, a tab, its sources separated by commas) and danish-towns.txt (town
+names separated by blanks). The other inputs come from Debian packages: --scowl is /usr/share/dict/scowl,
+--danish is /usr/share/dict/danish of wdanish, --census is /usr/share/rig of rig. A --usage file holds one JSON
+object per line with a "text" (and optionally a "lang"): running text in which words are counted.
+
+One key per line, sorted by bytes: the folded word, a blank, its flags. See NameLexicon.h for what the flags mean;
+the folding here and in NameTokenizer.cpp must agree.
+"""
+import argparse
+import collections
+import json
+import pathlib
+import re
+import unicodedata
+
+OUTPUT = pathlib.Path(__file__).resolve().parent.parent / "VeilshotCore/Analysis/Data/NameLexicon.txt"
+SPECIAL = str.maketrans({"æ": "ae", "ø": "o", "å": "aa", "ß": "ss", "đ": "d", "ð": "d", "þ": "th", "ł": "l",
+                         "ı": "i", "œ": "oe", "'": "", "’": "", "`": "", "ʻ": ""})
+FLAG_ORDER = "FfLlPcwxdr"
+
+
+def fold(word):
+    """Lower case without diacritics; an empty string when something other than a–z is left."""
+    folded = unicodedata.normalize("NFC", word).lower().translate(SPECIAL)
+    folded = "".join(c for c in unicodedata.normalize("NFD", folded) if not unicodedata.combining(c))
+    return folded if re.fullmatch(r"[a-z]{2,}", folded) else ""
+
+
+def keys(word):
+    """Recognition often loses the ring of å, so such a word is found without it, too."""
+    return {fold(word), fold(word.lower().replace("å", "a"))} - {""}
+
+
+def read_lines(path, encoding="utf-8"):
+    return path.read_text(encoding=encoding).splitlines() if path.exists() else []
+
+
+def add_names(lexicon, path, census, strong, weak):
+    sources = collections.defaultdict(set)
+    for line in read_lines(path):
+        name, _, listed_in = line.partition("\t")
+        sources[name].update(listed_in.split(","))
+    for file in census:
+        for name in read_lines(file):
+            sources[name.strip().lower()].add("census")
+    for name, listed_in in sources.items():
+        is_strong = len(listed_in) >= 3 or listed_in & {"census", "dacy-danish", "faker-da"} \
+            or any(source.startswith("pop-") for source in listed_in)
+        for key in keys(name):
+            lexicon[key].add(strong if is_strong else weak)
+
+
+def scowl_words(folder):
+    """(word, band) with c for words everybody uses, w for ordinary and x for less usual ones."""
+    for size, band in ((10, "c"), (20, "c"), (35, "w"), (40, "w"), (50, "x"), (55, "x"), (60, "x")):
+        for variety in ("english", "american", "british"):
+            for word in read_lines(folder / f"{variety}-words.{size}", "latin-1"):
+                if word.isalpha():
+                    yield word, band
+
+
+def used_words(paths):
+    """Words written in lower case at least twice, by language."""
+    counts = {"en": collections.Counter(), "da": collections.Counter()}
+    for path in paths:
+        for line in read_lines(path):
+            entry = json.loads(line)
+            counts[entry.get("lang", "en")].update(
+                word for word in re.findall(r"[^\W\d_]{2,}", entry["text"]) if word.islower())
+    return {language: {word for word, count in counter.items() if count >= 2}
+            for language, counter in counts.items()}
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("lists", type=pathlib.Path)
+    parser.add_argument("--scowl", type=pathlib.Path, required=True)
+    parser.add_argument("--danish", type=pathlib.Path, required=True)
+    parser.add_argument("--census", type=pathlib.Path)
+    parser.add_argument("--usage", type=pathlib.Path, nargs="*", default=[])
+    arguments = parser.parse_args()
+
+    lexicon = collections.defaultdict(set)
+    census = arguments.census
+    add_names(lexicon, arguments.lists / "first.tsv",
+              [census / "fnames.idx", census / "mnames.idx"] if census else [], "F", "f")
+    add_names(lexicon, arguments.lists / "last.tsv", [census / "lnames.idx"] if census else [], "L", "l")
+    for town in (arguments.lists / "danish-towns.txt").read_text(encoding="utf-8").split():
+        for key in keys(town):
+            lexicon[key].add("P")
+    names = set(lexicon)
+
+    for word, band in scowl_words(arguments.scowl):
+        key = fold(word)
+        if key and (band != "x" or key in names):
+            lexicon[key].add(band)
+    used = used_words(arguments.usage)
+    for word in used["en"]:
+        for key in keys(word) - names:
+            if not lexicon[key]:
+                lexicon[key].add("w")
+    for word in used["da"]:
+        for key in keys(word):
+            lexicon[key].add("d")
+    # Of the Danish dictionary only the fact that a name is also a word is kept, never a word of its own.
+    for word in read_lines(arguments.danish):
+        if word.islower() and fold(word) in names:
+            lexicon[fold(word)].add("r")
+
+    with OUTPUT.open("w", encoding="ascii", newline="\n") as output:
+        for key in sorted(lexicon):
+            flags = lexicon[key]
+            flags -= {"f"} if "F" in flags else set()
+            flags -= {"l"} if "L" in flags else set()
+            flags -= {"w", "x"} if "c" in flags else {"x"} if "w" in flags else set()
+            flags -= {"r"} if "d" in flags else set()
+            if flags:
+                output.write(f"{key} {''.join(sorted(flags, key=FLAG_ORDER.index))}\n")
+
+
+if __name__ == "__main__":
+    main()
