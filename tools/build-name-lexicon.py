@@ -65,15 +65,18 @@ def scowl_words(folder):
 
 
 def used_words(paths):
-    """Words written in lower case at least twice, by language."""
-    counts = {"en": collections.Counter(), "da": collections.Counter()}
+    """How often each word is written in lower case, by language, and how often with a capital."""
+    small = {"en": collections.Counter(), "da": collections.Counter()}
+    capital = collections.Counter()
     for path in paths:
         for line in read_lines(path):
             entry = json.loads(line)
-            counts[entry.get("lang", "en")].update(
-                word for word in re.findall(r"[^\W\d_]{2,}", entry["text"]) if word.islower())
-    return {language: {word for word, count in counter.items() if count >= 2}
-            for language, counter in counts.items()}
+            for word in re.findall(r"[^\W\d_]{2,}", entry["text"]):
+                if word.islower():
+                    small[entry.get("lang", "en")][word] += 1
+                elif word.istitle():
+                    capital[word.lower()] += 1
+    return small, capital
 
 
 def main():
@@ -99,14 +102,22 @@ def main():
         key = fold(word)
         if key and (band != "x" or key in names):
             lexicon[key].add(band)
-    used = used_words(arguments.usage)
-    for word in used["en"]:
+    small, capital = used_words(arguments.usage)
+    for word, count in small["en"].items():
         for key in keys(word) - names:
-            if not lexicon[key]:
+            if count >= 3 and not lexicon[key]:
                 lexicon[key].add("w")
-    for word in used["da"]:
+    for word, count in small["da"].items():
         for key in keys(word):
-            lexicon[key].add("d")
+            if count >= 2 and 2 * count > capital[word]:
+                lexicon[key].add("d")
+    # Words like "john" and "mike" are names in nearly all cases: one band down.
+    for word, count in capital.items():
+        flags = lexicon.get(fold(word), set())
+        if "F" in flags and count >= 4 and count > 5 * small["en"][word]:
+            if "c" in flags or "w" in flags:
+                flags -= {"c", "w"}
+                flags.add("x")
     # Of the Danish dictionary only the fact that a name is also a word is kept, never a word of its own.
     for word in read_lines(arguments.danish):
         if word.islower() and fold(word) in names:

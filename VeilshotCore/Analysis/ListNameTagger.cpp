@@ -71,7 +71,7 @@ Separator separatorOf(QStringView between, const Word& before, bool endsLine, bo
     const QStringView marks = between.trimmed();
     if (marks.isEmpty())
         return between.contains(u'\t') || between.size() > 1 ? Separator::wide : Separator::blank;
-    const bool isGlued = marks.size() == between.size();
+    const bool isGlued = std::none_of(between.begin(), between.end(), [](QChar c) { return c.isSpace(); });
     if (between.endsWith(u'@'))
         return isGlued ? Separator::glued : Separator::at;
     switch (marks.front().unicode()) {
@@ -121,14 +121,17 @@ private:
     double leftContext(size_t first, bool isAlone) const;
     double rightContext(size_t last, bool isAlone) const;
     double proseContext(size_t first, size_t last) const;
+    double cellContext(size_t first, size_t last) const;
     bool joins(size_t left) const;
     bool opensCell(size_t at) const;
     bool closesCell(size_t at) const { return opensCell(at + 1); }
     bool isCompanyForm(size_t at) const;
+    bool isFollowedBy(size_t at, QStringView mark) const;
     TextRange rangeOf(const Candidate& name) const;
 
     const NameLexicon& m_lexicon;
     QStringView m_text;
+    bool m_isSmall = true;     ///< written without capitals, as in a chat
     std::vector<Word> m_words; ///< ends with an empty one, so that every word has a right neighbour
 };
 
@@ -155,9 +158,14 @@ void Line::readWords() {
                                      token.letterCase == LetterCase::lower
                                  ? isNamed
                                  : true;
+            const bool isCompound =
+                token.letterCase == LetterCase::mixed && token.folded.find('-') != std::string::npos;
+            if (isCompound)
+                word.canBeName = false;
             if (token.hasDigits && !isNamed)
                 word.isNumber = true;
         }
+        m_isSmall = m_isSmall && (word.letterCase == LetterCase::lower || word.isNumber);
         word.folded = std::move(token.folded);
         if (word.before == Separator::glued) {
             word.canBeName = false;
@@ -195,6 +203,10 @@ bool Line::isCompanyForm(size_t at) const {
            m_words[at + 1].before == Separator::slash && m_words[at + 1].folded == "s";
 }
 
+bool Line::isFollowedBy(size_t at, QStringView mark) const {
+    return m_text.sliced(m_words[at].range.end()).trimmed().startsWith(mark);
+}
+
 /// Whether a name may go on from this word to the next.
 bool Line::joins(size_t left) const {
     const Word& word = m_words[left];
@@ -211,14 +223,19 @@ double Line::joinedEvidence(size_t first, size_t last) const {
     double inside = 0;
     for (size_t at = first + 1; at < last; ++at) {
         const Word& word = m_words[at];
+        const Word& next = m_words[at + 1];
         if (word.letterCase == LetterCase::initial || word.is(WordTrait::particle))
             inside += 0.4;
+        else if ((word.traits & anyLastName) && !(word.traits & anyFirstName) &&
+                 (next.traits & anyFirstName) && !(next.traits & anyLastName))
+            inside -= 3.0; // one name ends here, the next begins
         else
             inside += 0.5 * std::max(word.evidence.asFirstName, word.evidence.asLastName) - 0.1;
     }
     const double usual = opening.evidence.asFirstName + closing.evidence.asLastName;
     const double reversed = opening.evidence.asLastName + closing.evidence.asFirstName - 1.0;
-    return std::max(usual, reversed) + inside;
+    const bool isCommon = opening.is(WordTrait::strongFirstName) && closing.is(WordTrait::strongLastName);
+    return std::max(usual, reversed) + inside + (isCommon ? 0.4 : 0);
 }
 
 double Line::leftContext(size_t first, bool isAlone) const {
@@ -236,7 +253,7 @@ double Line::leftContext(size_t first, bool isAlone) const {
         return 2.0;
     if (left.is(WordTrait::nameBefore) && isLabelled)
         return 1.5;
-    if ((left.is(WordTrait::label) || left.is(WordTrait::role)) && isLabelled)
+    if ((left.is(WordTrait::label) && isLabelled) || (left.is(WordTrait::role) && touches))
         return 1.0;
     if (left.is(WordTrait::namePossible) && touches)
         return 0.8;
@@ -245,7 +262,9 @@ double Line::leftContext(size_t first, bool isAlone) const {
     if (word.before == Separator::ampersand)
         return isAlone && !word.is(WordTrait::strongFirstName) ? -3.0 : 0;
     if (word.before == Separator::dash && closesCell(first))
-        return 0.8;
+        return 1.5;
+    if (left.is(WordTrait::locative) && touches && left.letterCase == LetterCase::lower)
+        return isAlone ? -1.5 : -0.4;
     if (touches && left.isCapitalized() && !left.isInName)
         return isAlone ? -1.5 : left.isOrdinary() ? -0.5 : -0.2;
     return 0;
@@ -259,15 +278,22 @@ double Line::rightContext(size_t last, bool isAlone) const {
                             right.folded == "son" || right.folded == "sons";
         return isFirm || (isAlone && !m_words[last].is(WordTrait::strongFirstName)) ? -4.0 : 0;
     }
+    if (isFollowedBy(last, u"<"))
+        return 1.5;
+    if (right.before == Separator::possessive && isAlone)
+        return last + 2 < m_words.size() ? 1.5 : opensCell(last) ? -1.0 : 0; // "Anna's phone", but "Wendy's"
     if (!touches && right.before != Separator::comma)
-        return right.before == Separator::possessive && isAlone && last + 2 < m_words.size() ? 0.3 : 0;
+        return 0;
     if (isCompanyForm(last + 1))
         return -5.0;
-    if (right.is(WordTrait::organisation) && right.letterCase != LetterCase::lower)
+    const bool isLabel = last + 2 < m_words.size() && m_words[last + 2].before == Separator::colon;
+    if (right.is(WordTrait::organisation) && right.letterCase != LetterCase::lower && !isLabel)
         return -5.0;
     if (!touches)
         return 0;
     if (right.letterCase == LetterCase::lower) {
+        if (right.is(WordTrait::organisation) && last + 2 < m_words.size() && m_words[last + 2].isNumber)
+            return -5.0; // a street
         if (right.is(WordTrait::personVerb))
             return 1.5;
         if (right.is(WordTrait::auxiliary))
@@ -277,16 +303,33 @@ double Line::rightContext(size_t last, bool isAlone) const {
     if (right.isNumber)
         return isAlone ? -0.3 : 0;
     if (right.isCapitalized() && isAlone)
-        return -1.5;
+        return right.letterCase == m_words[last].letterCase ? -1.5 : -0.3;
     if (right.isCapitalized() && right.isOrdinary() && !right.is(WordTrait::role) &&
         !right.is(WordTrait::label))
         return -0.3;
     return 0;
 }
 
+/// Nothing else in the cell: more likely a name than the same words in a sentence.
+double Line::cellContext(size_t first, size_t last) const {
+    if (!opensCell(first) || !closesCell(last))
+        return 0;
+    bool hasMeaning = false;
+    bool hasName = false;
+    for (size_t at = first; at <= last; ++at) {
+        hasMeaning = hasMeaning || (m_words[at].traits & anyMeaning);
+        hasName = hasName || (m_words[at].traits & anyName);
+    }
+    if (hasMeaning || !hasName || m_words[first].range.length < 3)
+        return 0;
+    return first == last ? 0.8 : 0.6;
+}
+
 /// A capital in the midst of small letters marks a proper noun.
 double Line::proseContext(size_t first, size_t last) const {
-    if (first == 0 || m_words[first].before != Separator::blank)
+    const Separator before = m_words[first].before;
+    const bool runsOn = before == Separator::blank || (first != last && before == Separator::comma);
+    if (first == 0 || !runsOn)
         return 0;
     const Word& left = m_words[first - 1];
     const Word& right = m_words[last + 1];
@@ -302,7 +345,9 @@ void Line::addSequences(std::vector<Candidate>& candidates) const {
         if (opening.letterCase != LetterCase::initial && opening.before != Separator::at) {
             double points = opening.evidence.alone + leftContext(first, true) + rightContext(first, true);
             if (opening.letterCase != LetterCase::lower)
-                points += proseContext(first, first);
+                points += proseContext(first, first) + cellContext(first, first);
+            else if (m_isSmall)
+                points += 1.5;
             if (points >= aloneThreshold)
                 candidates.push_back({first, first, points - aloneThreshold});
         }
@@ -310,7 +355,8 @@ void Line::addSequences(std::vector<Candidate>& candidates) const {
             const Word& closing = m_words[last];
             if (!joins(last - 1) || !(closing.canBeName || closing.is(WordTrait::particle)))
                 break;
-            if (!closing.canBeName || closing.letterCase == LetterCase::initial)
+            if (!closing.canBeName || closing.letterCase == LetterCase::initial ||
+                closing.is(WordTrait::suffix))
                 continue;
             const bool isSmall = closing.letterCase == LetterCase::lower;
             if (isSmall != (opening.letterCase == LetterCase::lower))
@@ -321,7 +367,7 @@ void Line::addSequences(std::vector<Candidate>& candidates) const {
             double points =
                 joinedEvidence(first, last) + leftContext(first, false) + rightContext(last, false);
             if (!isSmall)
-                points += 0.5 * proseContext(first, last);
+                points += 0.5 * proseContext(first, last) + cellContext(first, last);
             else if (!opensCell(first) || !closesCell(last))
                 points -= 1.5;
             if (points >= joinedThreshold)
@@ -350,6 +396,8 @@ void Line::addLastBeforeFirst(std::vector<Candidate>& candidates) const {
             ++end;
         if (m_words[end + 1].before == Separator::comma)
             continue;
+        if (isInitial && lastName.is(WordTrait::place))
+            continue;
         const double points = lastName.evidence.asLastName + firstName.evidence.asFirstName +
                               (isInitial ? 0.5 : 0) + leftContext(last, false);
         if (points >= joinedThreshold)
@@ -368,7 +416,8 @@ void Line::addCoordinated(std::vector<Candidate>& names) {
         const bool standsAlone =
             m_words[at + 1].before != Separator::blank || m_words[at + 1].letterCase == LetterCase::lower;
         if (!word.canBeName || word.isInName || !hasCapital || !standsAlone || word.before == Separator::at ||
-            word.evidence.alone < 0.3 || rightContext(at, true) < -1)
+            rightContext(at, true) < -1 ||
+            word.evidence.alone < (word.is(WordTrait::strongFirstName) ? -1.0 : 0.3))
             return;
         word.isInName = true;
         names.push_back({at, at, 0});

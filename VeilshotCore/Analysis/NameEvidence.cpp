@@ -24,8 +24,9 @@ constexpr std::array doubts{
     Doubt{WordTrait::role, 2.0, 1.0, 2.0},           Doubt{WordTrait::label, 2.0, 2.0, 2.0},
     Doubt{WordTrait::greeting, 1.5, 1.5, 2.0},       Doubt{WordTrait::personVerb, 1.0, 1.5, 1.5},
     Doubt{WordTrait::auxiliary, 0.3, 1.0, 0.5},      Doubt{WordTrait::organisation, 2.0, 2.5, 3.0},
-    Doubt{WordTrait::beforePlace, 1.0, 0.5, 1.0},    Doubt{WordTrait::title, 3.0, 3.0, 3.0},
-    Doubt{WordTrait::suffix, 2.0, 2.0, 3.0},
+    Doubt{WordTrait::beforePlace, 4.0, 0.5, 1.0},    Doubt{WordTrait::title, 3.0, 3.0, 3.0},
+    Doubt{WordTrait::suffix, 2.0, 2.0, 3.0},         Doubt{WordTrait::functionWord, 4.0, 2.0, 5.0},
+    Doubt{WordTrait::particle, 1.0, 0.3, 3.0},
 };
 
 template<size_t count>
@@ -45,30 +46,42 @@ bool looksLikeLastName(std::string_view folded) {
 
 /// Endings of nouns, verbs and adjectives, for the many words no list holds (Danish compounds above all).
 bool looksLikeOrdinaryWord(std::string_view folded) {
-    constexpr std::array<std::string_view, 34> endings{
-        "ing", "ings", "inger", "ingen", "else", "elsen", "elser", "hed",   "heder", "heden", "lig",  "lige",
-        "isk", "iske", "ede",   "erne",  "ene",  "eren",  "tion",  "ioner", "ment",  "ness",  "able", "ible",
-        "ity", "ful",  "less",  "ism",   "bar",  "skab",  "eret",  "tet",   "ies",   "ware"};
+    constexpr std::array<std::string_view, 44> endings{
+        "bank",    "selskab", "forbund", "forbundet", "udvalg", "udvalget", "parti", "partiet", "skole",
+        "centret", "ing",     "ings",    "inger",     "ingen",  "else",     "elsen", "elser",   "hed",
+        "heder",   "heden",   "lig",     "lige",      "isk",    "iske",     "ede",   "erne",    "ene",
+        "eren",    "tion",    "ioner",   "ment",      "ness",   "able",     "ible",  "ity",     "ful",
+        "less",    "ism",     "bar",     "skab",      "eret",   "tet",      "ies",   "ware"};
     return endsWithOneOf(folded, endings);
 }
 
 WordTraits hyphenatedTraits(const NameLexicon& lexicon, std::string_view folded) {
     WordTraits all;
-    bool everyPartIsAName = true;
+    bool hasWord = false;
     std::string_view lastPart;
     while (!folded.empty()) {
         const size_t end = std::min(folded.find('-'), folded.size());
         lastPart = folded.substr(0, end);
         folded.remove_prefix(std::min(end + 1, folded.size()));
         const WordTraits traits = lexicon.traits(lastPart);
-        everyPartIsAName = everyPartIsAName && (traits & (anyName | WordTrait::particle));
+        hasWord = hasWord || ((traits & anyMeaning) && !(traits & (anyName | WordTrait::particle)));
         all |= traits;
     }
-    if (everyPartIsAName)
+    if (!hasWord)
         return all & anyName;
     // "Reviewed-by" speaks for a name as "by" does.
     const WordTraits cues = lexicon.traits(lastPart) & (WordTraits(WordTrait::label) | WordTrait::nameBefore);
     return cues | WordTrait::word;
+}
+
+/// "I'm", "can't", "we'll".
+bool isContraction(QStringView word) {
+    const qsizetype apostrophe = std::max(word.lastIndexOf(u'\''), word.lastIndexOf(u'’'));
+    if (apostrophe <= 0)
+        return false;
+    const QStringView ending = word.sliced(apostrophe + 1);
+    return ending == u"m" || ending == u"t" || ending == u"d" || ending == u"ve" || ending == u"ll" ||
+           ending == u"re";
 }
 
 /// The word with l for a capital I or the other way round, where it may have been misread.
@@ -96,14 +109,16 @@ WordTraits confusedLetterTraits(const NameLexicon& lexicon, const NameToken& tok
 
 WordTraits lineWordTraits(const NameLexicon& lexicon, const NameToken& token, QStringView line) {
     const std::string& folded = token.folded;
+    const QStringView word = line.sliced(token.range.location, token.range.length);
     if (folded.size() < 2)
         return {};
+    if (isContraction(word))
+        return WordTrait::functionWord;
     if (const WordTraits traits = lexicon.traits(folded))
         return traits;
     if (folded.find('-') != std::string::npos)
         return hyphenatedTraits(lexicon, folded);
-    if (const WordTraits traits =
-            confusedLetterTraits(lexicon, token, line.sliced(token.range.location, token.range.length)))
+    if (const WordTraits traits = confusedLetterTraits(lexicon, token, word))
         return traits;
     if (folded.size() > 3 && folded.back() == 's')
         return lexicon.traits(std::string_view(folded).substr(0, folded.size() - 1));
@@ -112,18 +127,20 @@ WordTraits lineWordTraits(const NameLexicon& lexicon, const NameToken& token, QS
 
 NameEvidence nameEvidence(const NameToken& token, WordTraits traits) {
     if (token.letterCase == LetterCase::initial)
-        return {0.4, -1.0, -5.0};
+        return {1.1, -1.0, -5.0};
     const bool isOrdinary = bool(traits & anyMeaning);
     if (!(traits & anyName)) {
         if (isOrdinary)
             return {-3.0, -2.5, -5.0};
         if (looksLikeOrdinaryWord(token.folded))
-            return {-2.0, -1.5, -3.0};
+            return {-2.0, -0.7, -3.0};
         const bool isAbbreviation = token.letterCase == LetterCase::upper && token.folded.size() <= 3;
         if (isAbbreviation || token.letterCase == LetterCase::mixed)
             return {-2.0, -2.0, -4.0};
         if (looksLikeLastName(token.folded))
             return {0.3, 1.8, 1.8};
+        if (token.letterCase == LetterCase::upper)
+            return {0.3, 0.5, -2.0};
         return {0.3, 0.5, 0.3};
     }
 
@@ -144,6 +161,8 @@ NameEvidence nameEvidence(const NameToken& token, WordTraits traits) {
             evidence.alone -= doubt.alone;
         }
     }
+    if (token.letterCase == LetterCase::upper && first < 3.0 && last < 2.5)
+        evidence.alone -= 1.0; // rather an abbreviation
     if (token.letterCase == LetterCase::lower) {
         // Without the capital only names that mean nothing else count.
         const bool isClear = (traits & WordTrait::strongFirstName) && !isOrdinary && token.folded.size() > 2;

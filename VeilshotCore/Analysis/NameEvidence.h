@@ -31,6 +31,6 @@ inline constexpr WordTraits anyMeaning =
     WordTrait::rareDanishWord | WordTrait::place | WordTrait::calendar | WordTrait::product |
     WordTrait::title | WordTrait::role | WordTrait::label | WordTrait::greeting | WordTrait::nameBefore |
     WordTrait::namePossible | WordTrait::personVerb | WordTrait::auxiliary | WordTrait::particle |
-    WordTrait::organisation | WordTrait::beforePlace;
+    WordTrait::organisation | WordTrait::beforePlace | WordTrait::locative | WordTrait::functionWord;
 
 } // namespace Veilshot

@@ -43,7 +43,7 @@ WordTraits traitOfFlag(char flag) {
 }
 
 WordTraits traitOfSection(std::string_view section) {
-    constexpr std::array<std::pair<std::string_view, WordTrait>, 17> sections{{
+    constexpr std::array<std::pair<std::string_view, WordTrait>, 19> sections{{
         {"title", WordTrait::title},
         {"role", WordTrait::role},
         {"label", WordTrait::label},
@@ -56,6 +56,8 @@ WordTraits traitOfSection(std::string_view section) {
         {"suffix", WordTrait::suffix},
         {"organisation", WordTrait::organisation},
         {"before-place", WordTrait::beforePlace},
+        {"locative", WordTrait::locative},
+        {"function", WordTrait::functionWord},
         {"calendar", WordTrait::calendar},
         {"product", WordTrait::product},
         {"place", WordTrait::place},

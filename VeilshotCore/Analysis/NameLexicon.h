@@ -37,6 +37,8 @@ enum class WordTrait : unsigned {
     suffix = 1u << 21,       ///< Jr, III
     organisation = 1u << 22, ///< makes a company, institution or street of the words in front of it
     beforePlace = 1u << 23,  ///< makes a place or institution of the words behind it
+    locative = 1u << 24,     ///< a place rather than a person follows: in, på
+    functionWord = 1u << 25, ///< pronouns and the like, no name even with a capital
 };
 Q_DECLARE_FLAGS(WordTraits, WordTrait)
 Q_DECLARE_OPERATORS_FOR_FLAGS(WordTraits)
