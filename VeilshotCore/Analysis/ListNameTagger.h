@@ -15,7 +15,7 @@ public:
     /// `lexicon` must outlive the tagger.
     explicit ListNameTagger(const NameLexicon& lexicon = NameLexicon::shared());
 
-    std::vector<TextRange> personalNames(const QString& line) const override;
+    std::vector<TextRange> personalNames(const QString& text) const override;
 
 private:
     const NameLexicon& m_lexicon;

@@ -19,15 +19,18 @@ struct Doubt {
 constexpr std::array doubts{
     Doubt{WordTrait::frequentWord, 1.8, 1.2, 2.2},   Doubt{WordTrait::word, 1.0, 0.7, 1.4},
     Doubt{WordTrait::rareWord, 0.3, 0.2, 0.3},       Doubt{WordTrait::danishWord, 1.0, 0.7, 1.5},
-    Doubt{WordTrait::rareDanishWord, 0.2, 0.1, 0.2}, Doubt{WordTrait::place, 0.7, 0.9, 1.7},
-    Doubt{WordTrait::calendar, 1.0, 1.5, 2.5},       Doubt{WordTrait::product, 2.0, 1.5, 3.0},
+    Doubt{WordTrait::rareDanishWord, 0.2, 0.1, 0.2}, Doubt{WordTrait::place, 0.7, 0.9, 2.0},
+    Doubt{WordTrait::calendar, 1.0, 1.5, 2.5},       Doubt{WordTrait::product, 1.5, 1.2, 2.2},
     Doubt{WordTrait::role, 2.0, 1.0, 2.0},           Doubt{WordTrait::label, 2.0, 2.0, 2.0},
     Doubt{WordTrait::greeting, 1.5, 1.5, 2.0},       Doubt{WordTrait::personVerb, 1.0, 1.5, 1.5},
     Doubt{WordTrait::auxiliary, 0.3, 1.0, 0.5},      Doubt{WordTrait::organisation, 2.0, 2.5, 3.0},
-    Doubt{WordTrait::beforePlace, 4.0, 0.5, 1.0},    Doubt{WordTrait::title, 3.0, 3.0, 3.0},
+    Doubt{WordTrait::beforePlace, 4.0, 2.0, 1.0},    Doubt{WordTrait::title, 3.0, 3.0, 3.0},
     Doubt{WordTrait::suffix, 2.0, 2.0, 3.0},         Doubt{WordTrait::functionWord, 4.0, 2.0, 5.0},
     Doubt{WordTrait::particle, 1.0, 0.3, 3.0},
 };
+
+/// The Danish definite article and the like; some rare names end so, too.
+constexpr std::array<std::string_view, 7> weakWordEndings{"en", "et", "er", "gade", "vej", "land", "stan"};
 
 template<size_t count>
 bool endsWithOneOf(std::string_view word, const std::array<std::string_view, count>& endings) {
@@ -65,7 +68,8 @@ WordTraits hyphenatedTraits(const NameLexicon& lexicon, std::string_view folded)
         folded.remove_prefix(std::min(end + 1, folded.size()));
         const WordTraits traits = lexicon.traits(lastPart);
         hasWord = hasWord || ((traits & anyMeaning) && !(traits & (anyName | WordTrait::particle)));
-        all |= traits;
+        if (!(traits & WordTrait::particle))
+            all |= traits;
     }
     if (!hasWord)
         return all & anyName;
@@ -141,6 +145,8 @@ NameEvidence nameEvidence(const NameToken& token, WordTraits traits) {
             return {0.3, 1.8, 1.8};
         if (token.letterCase == LetterCase::upper)
             return {0.3, 0.5, -2.0};
+        if (endsWithOneOf(token.folded, weakWordEndings))
+            return {0.0, 0.2, -0.7};
         return {0.3, 0.5, 0.3};
     }
 
@@ -161,7 +167,10 @@ NameEvidence nameEvidence(const NameToken& token, WordTraits traits) {
             evidence.alone -= doubt.alone;
         }
     }
-    if (token.letterCase == LetterCase::upper && first < 3.0 && last < 2.5)
+    const bool isRare = first < 3.0 && last < 2.5;
+    if (isRare && (traits & (WordTraits(WordTrait::frequentWord) | WordTrait::word | WordTrait::danishWord)))
+        evidence.alone -= 1.0;
+    if (token.letterCase == LetterCase::upper && isRare)
         evidence.alone -= 1.0; // rather an abbreviation
     if (token.letterCase == LetterCase::lower) {
         // Without the capital only names that mean nothing else count.

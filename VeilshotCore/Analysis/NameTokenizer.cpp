@@ -97,6 +97,8 @@ QChar letterReadAs(QChar digit) {
     switch (digit.unicode()) {
     case u'0':
         return u'o';
+    case u'4':
+        return u'a';
     case u'1':
         return u'l';
     case u'|':

@@ -39,8 +39,8 @@ std::vector<NameToken> nameTokens(QStringView line);
 
 /// Lower case, without diacritics and apostrophes, æ as "ae", ø as "o", å as "aa", so that a reading which
 /// lost them is still found. With at least as many letters as digits, the digits recognition reads for
-/// letters become these (0 o, 1 l, 5 s, 8 b). Hyphens stay; letters outside a–z that nothing folds stay as
-/// UTF-8.
+/// letters become these (0 o, 1 l, 4 a, 5 s, 8 b). Hyphens stay; letters outside a–z that nothing folds stay
+/// as UTF-8.
 std::string foldedName(QStringView word);
 
 } // namespace Veilshot
