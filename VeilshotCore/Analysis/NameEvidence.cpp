@@ -1,5 +1,6 @@
 #include "VeilshotCore/Analysis/NameEvidence.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Veilshot {
@@ -41,9 +42,10 @@ bool endsWithOneOf(std::string_view word, const std::array<std::string_view, cou
 
 /// Endings that hardly any ordinary word of the two languages has.
 bool looksLikeLastName(std::string_view folded) {
-    constexpr std::array<std::string_view, 16> endings{"sen",  "sson", "gaard", "ski",   "sky",  "cki",
-                                                       "wicz", "enko", "ova",   "ov",    "oglu", "shvili",
-                                                       "ovic", "vich", "quist", "poulos"};
+    // Not plain "sen", which "processen" and "kursen" have, too.
+    constexpr std::array<std::string_view, 22> endings{
+        "ersen", "nsen", "lsen", "dsen", "tsen", "gsen", "msen", "sson", "gaard",  "ski",   "sky",
+        "cki",   "wicz", "enko", "ova",  "ov",   "oglu", "ovic", "vich", "shvili", "quist", "poulos"};
     return endsWithOneOf(folded, endings);
 }
 

@@ -1,6 +1,7 @@
 #include "VeilshotCore/Analysis/NameLexicon.h"
 
 #include <QFile>
+#include <algorithm>
 #include <array>
 #include <map>
 

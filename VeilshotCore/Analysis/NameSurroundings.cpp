@@ -77,7 +77,9 @@ double evidenceOfCell(const NameLine& line, NameSpan span) {
 double evidenceOfSentence(const NameLine& line, NameSpan span) {
     const NameWord& word = line.word(span.first);
     const bool runsOn = word.touches() || (!span.isSingle() && word.before == WordSeparator::comma);
-    if (span.first == 0 || !runsOn || (span.isSingle() && word.is(WordTrait::place)))
+    const bool isStrong = word.is(WordTrait::strongFirstName | WordTrait::strongLastName);
+    const bool isAbbreviation = word.letterCase == LetterCase::upper && !isStrong;
+    if (span.first == 0 || !runsOn || (span.isSingle() && (word.is(WordTrait::place) || isAbbreviation)))
         return 0;
     const NameWord& next = line.word(span.last + 1);
     const bool isAmongSmall = line.word(span.first - 1).isLower() && (!next.touches() || next.isLower());

@@ -1,6 +1,7 @@
 #include "VeilshotCore/Analysis/NameTokenizer.h"
 
 #include <QString>
+#include <algorithm>
 
 namespace Veilshot {
 
