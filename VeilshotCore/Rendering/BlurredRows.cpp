@@ -1,40 +1,32 @@
 #include "VeilshotCore/Rendering/BlurredRows.h"
 
+#include "VeilshotCore/Rendering/InnerLoops.h"
 #include "VeilshotCore/Rendering/RegionRows.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Veilshot {
 
 namespace {
 
-struct Pair {
-    const float* before;
-    const float* after;
-};
-
 /// Writes the sum of weight · (sample before + sample after) over all distances. `pairAt(distance)` says
 /// where the samples of a distance begin.
 template<typename PairAt>
-void convolve(const std::vector<float>& kernel, int values, PairAt pairAt, float* sums) {
-    const float* centre = pairAt(0).before;
-    for (int i = 0; i < values; ++i)
-        sums[i] = kernel[0] * centre[i];
+void convolve(const std::vector<float>& kernel, int count, PairAt pairAt, float* sums) {
+    std::fill_n(sums, count, 0.0f);
+    const auto weightedPair = [&](int distance) {
+        const auto [before, after] = pairAt(distance);
+        // The centre counts as a pair with itself.
+        return WeightedPair{distance == 0 ? kernel[0] / 2 : kernel[distance], before, after};
+    };
+    // Two distances at a time: half as many passes over the sums.
     const int radius = static_cast<int>(kernel.size()) - 1;
-    int distance = 1;
-    for (; distance < radius; distance += 2) { // two at a time: half as many passes over the sums
-        const auto [before, after] = pairAt(distance);
-        const auto [before2, after2] = pairAt(distance + 1);
-        const float weight = kernel[distance];
-        const float weight2 = kernel[distance + 1];
-        for (int i = 0; i < values; ++i)
-            sums[i] += weight * (before[i] + after[i]) + weight2 * (before2[i] + after2[i]);
-    }
-    if (distance == radius) {
-        const auto [before, after] = pairAt(distance);
-        const float weight = kernel[distance];
-        for (int i = 0; i < values; ++i)
-            sums[i] += weight * (before[i] + after[i]);
+    for (int distance = 0; distance <= radius; distance += 2) {
+        WeightedPair second = weightedPair(std::min(distance + 1, radius));
+        if (distance == radius)
+            second.weight = 0;
+        addPairs(weightedPair(distance), second, count, sums);
     }
 }
 
@@ -66,7 +58,7 @@ void BlurredRows::make(int row, float* samples) {
         convolve(
             m_kernel, 4 * (right - left + 1),
             [&](int distance) {
-                return Pair{m_input->at(left, row - distance), m_input->at(left, row + distance)};
+                return std::pair(m_input->at(left, row - distance), m_input->at(left, row + distance));
             },
             m_columnBlur.data() + 4 * qsizetype(left - m_firstColumn));
         repeatEdges(inputs, rect, m_columnBlur.data(), m_firstColumn);
@@ -76,9 +68,7 @@ void BlurredRows::make(int row, float* samples) {
         const float* centre = m_columnBlur.data() + 4 * qsizetype(rect.left() - m_firstColumn);
         convolve(
             m_kernel, 4 * rect.width(),
-            [&](int distance) {
-                return Pair{centre - 4 * distance, centre + 4 * distance};
-            },
+            [&](int distance) { return std::pair(centre - 4 * distance, centre + 4 * distance); },
             samples + 4 * qsizetype(rect.left() - first));
     }
 }

@@ -16,7 +16,7 @@ public:
     /// `kernel` holds the weights at the distances 0, 1, 2, … The input keeps 2·radius + 1 rows.
     BlurredRows(std::unique_ptr<SampleRows> input, std::vector<float> kernel, const QRegion& needed,
                 int rowsKept);
-    bool opaqueSoFar() const override { return m_input->opaqueSoFar(); }
+    bool isValid() const override { return m_input->isValid(); }
 
 private:
     void make(int row, float* samples) override;

@@ -2,6 +2,7 @@
 
 #include "VeilshotCore/Rendering/BlurredRows.h"
 #include "VeilshotCore/Rendering/GaussianPlan.h"
+#include "VeilshotCore/Rendering/InnerLoops.h"
 #include "VeilshotCore/Rendering/RegionRows.h"
 #include "VeilshotCore/Rendering/ShrunkRows.h"
 #include "VeilshotCore/Rendering/SourceRows.h"
@@ -13,12 +14,6 @@
 namespace Veilshot {
 
 namespace {
-
-/// The four samples around a pixel along one axis, and their weights.
-struct Neighbours {
-    int first;
-    std::array<float, 4> weights;
-};
 
 Neighbours neighboursOf(int pixel, const GaussianPlan& plan) {
     const double position = (pixel + 0.5 - plan.origin) / plan.spacing;
@@ -32,45 +27,56 @@ Neighbours neighboursOf(int pixel, const GaussianPlan& plan) {
 }
 
 QRegion samplesFor(const QRegion& pixels, const GaussianPlan& plan) {
-    if (plan.factors.empty())
-        return pixels;
     return mapped(pixels, [&](const QRect& rect) {
-        return QRect(
-            QPoint(neighboursOf(rect.left(), plan).first, neighboursOf(rect.top(), plan).first),
-            QPoint(neighboursOf(rect.right(), plan).first + 3, neighboursOf(rect.bottom(), plan).first + 3));
+        const QPoint topLeft(neighboursOf(rect.left(), plan).first, neighboursOf(rect.top(), plan).first);
+        const QPoint bottomRight(neighboursOf(rect.right(), plan).first,
+                                 neighboursOf(rect.bottom(), plan).first);
+        return QRect(topLeft, bottomRight + QPoint(3, 3));
     });
 }
 
 /// The lattice after the first `count` factors.
-std::unique_ptr<SampleRows> shrunkSource(const QImage& source, const std::vector<int>& factors,
-                                         std::size_t count, const QRegion& needed, int rowsKept) {
+std::unique_ptr<SampleRows> shrunkSource(const QImage& source, Opacity opacity,
+                                         const std::vector<int>& factors, std::size_t count,
+                                         const QRegion& needed, int rowsKept) {
     if (count == 0)
         return std::make_unique<SourceRows>(source, needed, rowsKept);
     const int factor = factors[count - 1];
-    if (count == 1)
+    if (count == 1 && opacity == Opacity::opaque)
         return std::make_unique<ShrunkPixels>(source, factor, needed, rowsKept);
     QRect inputDomain = source.rect();
     for (std::size_t i = 0; i + 1 < count; ++i)
-        inputDomain = ShrunkRows::shrunkDomain(inputDomain, factors[i]);
-    return std::make_unique<ShrunkSamples>(
-        shrunkSource(source, factors, count - 1, ShrunkRows::inputsFor(needed, inputDomain, factor), 1),
-        factor, needed, rowsKept);
+        inputDomain = shrunkDomain(inputDomain, factors[i]);
+    auto input =
+        shrunkSource(source, opacity, factors, count - 1, inputsOfShrunk(needed, inputDomain, factor), 1);
+    return std::make_unique<ShrunkSamples>(std::move(input), factor, needed, rowsKept);
 }
 
-Opacity opacityOf(const SampleRows& samples) {
-    return samples.opaqueSoFar() ? Opacity::opaque : Opacity::mixed;
+std::unique_ptr<SampleRows> blurredSource(const QImage& source, Opacity opacity, const GaussianPlan& plan,
+                                          const QRegion& needed, int rowsKept) {
+    QRect domain = source.rect();
+    for (const int factor : plan.factors)
+        domain = shrunkDomain(domain, factor);
+    auto shrunk = shrunkSource(source, opacity, plan.factors, plan.factors.size(),
+                               BlurredRows::inputsFor(needed, domain, plan.radius()), 2 * plan.radius() + 1);
+    return std::make_unique<BlurredRows>(std::move(shrunk), plan.kernel, needed, rowsKept);
 }
 
-void paintSamples(SampleRows& samples, const QRegion& region, PixelRows target) {
+void paintAtFullSize(const QImage& source, const GaussianPlan& plan, const QRegion& region,
+                     PixelRows target) {
+    const auto samples = blurredSource(source, Opacity::mixed, plan, region, 1);
     forEachRow(region, [&](int y, std::span<const QRect> rects) {
-        for (const QRect& rect : rects) {
-            const float* values = samples.at(rect.left(), y);
-            writePixels(values, rect.width(), opacityOf(samples), target.pixel(rect.left(), y));
-        }
+        for (const QRect& rect : rects)
+            writePixels(samples->at(rect.left(), y), rect.width(), Opacity::mixed,
+                        target.pixel(rect.left(), y));
     });
 }
 
-void paintEnlarged(SampleRows& samples, const GaussianPlan& plan, const QRegion& region, PixelRows target) {
+enum class Outcome { painted, sourceIsNotOpaque };
+
+Outcome paintEnlarged(const QImage& source, Opacity opacity, const GaussianPlan& plan, const QRegion& region,
+                      PixelRows target) {
+    const auto samples = blurredSource(source, opacity, plan, samplesFor(region, plan), 4);
     const QRect bounds = region.boundingRect();
     std::vector<Neighbours> columns;
     columns.reserve(std::size_t(bounds.width()));
@@ -80,28 +86,22 @@ void paintEnlarged(SampleRows& samples, const GaussianPlan& plan, const QRegion&
     std::vector<float> rowOfPixels(4 * std::size_t(bounds.width()));
 
     forEachRow(region, [&](int y, std::span<const QRect> rects) {
+        if (!samples->isValid())
+            return;
         const auto [firstRow, rowWeights] = neighboursOf(y, plan);
         for (const QRect& rect : rects) {
             const Neighbours* column = &columns[std::size_t(rect.left() - bounds.left())];
             const int firstColumn = column->first;
             const int values = 4 * (column[rect.width() - 1].first + 4 - firstColumn);
             const std::array<const float*, 4> rows{
-                samples.at(firstColumn, firstRow), samples.at(firstColumn, firstRow + 1),
-                samples.at(firstColumn, firstRow + 2), samples.at(firstColumn, firstRow + 3)};
-            for (int i = 0; i < values; ++i)
-                rowOfSamples[i] = rowWeights[0] * rows[0][i] + rowWeights[1] * rows[1][i] +
-                                  rowWeights[2] * rows[2][i] + rowWeights[3] * rows[3][i];
-            for (int x = 0; x < rect.width(); ++x, ++column) {
-                const float* nearby = rowOfSamples.data() + 4 * qsizetype(column->first - firstColumn);
-                const std::array<float, 4>& weights = column->weights;
-                for (int channel = 0; channel < 4; ++channel)
-                    rowOfPixels[4 * x + channel] =
-                        weights[0] * nearby[channel] + weights[1] * nearby[channel + 4] +
-                        weights[2] * nearby[channel + 8] + weights[3] * nearby[channel + 12];
-            }
-            writePixels(rowOfPixels.data(), rect.width(), opacityOf(samples), target.pixel(rect.left(), y));
+                samples->at(firstColumn, firstRow), samples->at(firstColumn, firstRow + 1),
+                samples->at(firstColumn, firstRow + 2), samples->at(firstColumn, firstRow + 3)};
+            blendFourRows(rows, rowWeights, values, rowOfSamples.data());
+            blendNeighbours(rowOfSamples.data(), firstColumn, column, rect.width(), rowOfPixels.data());
+            writePixels(rowOfPixels.data(), rect.width(), opacity, target.pixel(rect.left(), y));
         }
     });
+    return samples->isValid() ? Outcome::painted : Outcome::sourceIsNotOpaque;
 }
 
 } // namespace
@@ -113,21 +113,12 @@ void paintGaussianBlur(const QImage& source, const QRegion& region, double sigma
     // a fraction of a grey level; an even larger sigma changes nothing but would end in infinities.
     const double largestSigma = 1024.0 * std::max(source.width(), source.height());
     const GaussianPlan plan = GaussianPlan::forSigma(std::min(sigma, largestSigma));
-
-    QRect domain = source.rect();
-    for (const int factor : plan.factors)
-        domain = ShrunkRows::shrunkDomain(domain, factor);
-    const QRegion needed = samplesFor(region, plan);
-    std::unique_ptr<SampleRows> shrunk =
-        shrunkSource(source, plan.factors, plan.factors.size(),
-                     BlurredRows::inputsFor(needed, domain, plan.radius()), 2 * plan.radius() + 1);
-    if (plan.factors.empty()) {
-        BlurredRows blurred(std::move(shrunk), plan.kernel, needed, 1);
-        paintSamples(blurred, region, target);
-    } else {
-        BlurredRows blurred(std::move(shrunk), plan.kernel, needed, 4);
-        paintEnlarged(blurred, plan, region, target);
-    }
+    if (plan.factors.empty())
+        return paintAtFullSize(source, plan, region, target);
+    // Opaque pixels are summed up as bytes, several times as fast. Whether they are opaque is known only
+    // after they were read: looking first would cost most screenshots, which are, another pass.
+    if (paintEnlarged(source, Opacity::opaque, plan, region, target) == Outcome::sourceIsNotOpaque)
+        paintEnlarged(source, Opacity::mixed, plan, region, target);
 }
 
 } // namespace Veilshot

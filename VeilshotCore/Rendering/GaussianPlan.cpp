@@ -7,7 +7,7 @@ namespace Veilshot {
 
 namespace {
 
-constexpr double leastSigmaInSpacings = 2.25;
+constexpr double leastSigmaInSpacings = 2;
 /// Sixteen rows of bytes with the weights 1 to 16 sum up to 34 680: sixteen bits hold it.
 constexpr double largestFactor = 16;
 constexpr double tailInSigmas = 3.5;

@@ -19,7 +19,7 @@ namespace Veilshot {
 ///
 /// All steps act along one axis, the same along both. The only departure from a Gaussian is in the fourth
 /// moment and the frequencies folded by shrinking; both stay below one grey level as long as the spacing is
-/// at most `sigma / 2.25`.
+/// at most `sigma / 2`.
 struct GaussianPlan {
     /// Shrinking factors, each from 2 to 16; none for a sigma too small to shrink.
     std::vector<int> factors;

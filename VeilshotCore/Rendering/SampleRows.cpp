@@ -35,12 +35,4 @@ QRect reaching(const QRect& domain, const QRect& rect) {
             QPoint(std::max(rect.right(), domain.left()), rect.bottom())};
 }
 
-void repeatEdges(const QRect& domain, const QRect& rect, float* samples, int firstColumn) {
-    const auto at = [&](int column) { return samples + 4 * qsizetype(column - firstColumn); };
-    for (int column = rect.left(); column < domain.left(); ++column)
-        std::copy_n(at(domain.left()), 4, at(column));
-    for (int column = domain.right() + 1; column <= rect.right(); ++column)
-        std::copy_n(at(domain.right()), 4, at(column));
-}
-
 } // namespace Veilshot

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRegion>
+#include <algorithm>
 #include <vector>
 
 namespace Veilshot {
@@ -21,8 +22,8 @@ public:
     /// to the domain, `column` has to be in it. Rows must be asked for in ascending order, or be among the
     /// last `rowsKept`; the samples stay in place as long.
     const float* at(int column, int row);
-    /// False once a row was made from pixels that are not opaque.
-    virtual bool opaqueSoFar() const = 0;
+    /// False once a row was made from pixels that the lattice cannot represent because they are not opaque.
+    virtual bool isValid() const = 0;
 
 protected:
     const QRegion& needed() const { return m_needed; }
@@ -46,8 +47,15 @@ private:
 QRect clampedTo(const QRect& domain, const QRect& rect);
 /// `rect` widened, if need be, to share at least one column with `domain`.
 QRect reaching(const QRect& domain, const QRect& rect);
-/// Fills the samples of `rect`'s columns that lie outside the domain with copies of the outermost one inside
-/// it; `samples` begins with that of `firstColumn`.
-void repeatEdges(const QRect& domain, const QRect& rect, float* samples, int firstColumn);
+/// Copies the outermost sample inside the domain to those of `rect`'s columns that lie outside of it;
+/// `samples` begins with that of `firstColumn`.
+template<typename Value>
+void repeatEdges(const QRect& domain, const QRect& rect, Value* samples, int firstColumn) {
+    const auto at = [&](int column) { return samples + 4 * qsizetype(column - firstColumn); };
+    for (int column = rect.left(); column < domain.left(); ++column)
+        std::copy_n(at(domain.left()), 4, at(column));
+    for (int column = domain.right() + 1; column <= rect.right(); ++column)
+        std::copy_n(at(domain.right()), 4, at(column));
+}
 
 } // namespace Veilshot

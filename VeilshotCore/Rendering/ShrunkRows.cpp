@@ -1,12 +1,11 @@
 #include "VeilshotCore/Rendering/ShrunkRows.h"
 
+#include "VeilshotCore/Rendering/InnerLoops.h"
 #include "VeilshotCore/Rendering/RegionRows.h"
-#include "VeilshotCore/Rendering/SourceRows.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <cstdint>
+#include <cstring>
+#include <type_traits>
 
 namespace Veilshot {
 
@@ -16,34 +15,13 @@ int floorOfQuotient(int dividend, int divisor) {
     return dividend >= 0 ? dividend / divisor : -((-dividend + divisor - 1) / divisor);
 }
 
-/// Running sums turn into weights: with s1 = Σ p_i and s2 = Σ (s1 after each step) = Σ (n − i)·p_i,
-/// the falling weights n − i − ½ give s2 − s1/2 and the rising ones i + ½ give n·s1 minus that.
-void weigh(float plainSum, float runningSum, int factor, float& rising, float& falling) {
-    falling = runningSum - 0.5f * plainSum;
-    rising = static_cast<float>(factor) * plainSum - falling;
-}
-
-constexpr int chunkPixels = 256;
-using ChunkSums = std::array<std::uint16_t, 4 * chunkPixels>;
-
-/// Adds `rowCount` rows of `count` bytes, one after the other.
-template<int rowCount>
-void addRows(const uchar* const* rows, int count, ChunkSums& plainSums, ChunkSums& runningSums) {
-    for (int i = 0; i < count; ++i) {
-        std::uint16_t plainSum = plainSums[i];
-        std::uint16_t runningSum = runningSums[i];
-        for (int row = 0; row < rowCount; ++row) {
-            plainSum = static_cast<std::uint16_t>(plainSum + rows[row][i]);
-            runningSum = static_cast<std::uint16_t>(runningSum + plainSum);
-        }
-        plainSums[i] = plainSum;
-        runningSums[i] = runningSum;
-    }
-}
+/// The four channels of a sample at once: compilers find the other vectors by themselves, but not these.
+template<typename Value>
+using FourOf [[gnu::vector_size(4 * sizeof(Value))]] = Value;
 
 } // namespace
 
-QRect ShrunkRows::shrunkDomain(const QRect& input, int factor) {
+QRect shrunkDomain(const QRect& input, int factor) {
     // The first and the last sample see nothing but repeated edges.
     const auto first = [&](int edge) { return floorOfQuotient(edge + 1, factor) - 1; };
     const auto last = [&](int edge) { return floorOfQuotient(edge + factor - 1, factor) + 1; };
@@ -51,15 +29,16 @@ QRect ShrunkRows::shrunkDomain(const QRect& input, int factor) {
             QPoint(last(input.right()), last(input.bottom()))};
 }
 
-QRegion ShrunkRows::inputsFor(const QRegion& samples, const QRect& inputDomain, int factor) {
+QRegion inputsOfShrunk(const QRegion& samples, const QRect& inputDomain, int factor) {
     return mapped(samples, [&](const QRect& rect) {
-        return clampedTo(inputDomain,
-                         QRect(QPoint((rect.left() - 1) * factor, (rect.top() - 1) * factor),
-                               QPoint((rect.right() + 1) * factor - 1, (rect.bottom() + 1) * factor - 1)));
+        const QPoint topLeft((rect.left() - 1) * factor, (rect.top() - 1) * factor);
+        const QPoint bottomRight((rect.right() + 1) * factor - 1, (rect.bottom() + 1) * factor - 1);
+        return clampedTo(inputDomain, {topLeft, bottomRight});
     });
 }
 
-ShrunkRows::ShrunkRows(const QRect& inputDomain, int factor, const QRegion& needed, int rowsKept)
+template<typename Sum>
+ShrunkRows<Sum>::ShrunkRows(const QRect& inputDomain, int factor, const QRegion& needed, int rowsKept)
     : SampleRows(shrunkDomain(inputDomain, factor), needed, rowsKept), m_factor(factor),
       m_inputDomain(inputDomain), m_blocks(mapped(needed, [&](const QRect& rect) {
           return reaching(inputDomain, QRect(QPoint((rect.left() - 1) * factor, rect.top() - 1),
@@ -68,11 +47,12 @@ ShrunkRows::ShrunkRows(const QRect& inputDomain, int factor, const QRegion& need
     const QRect bounds = m_blocks.boundingRect();
     m_firstColumn = bounds.left();
     m_lastBlock = bounds.top() - 2;
-    for (std::vector<float>* sums : {&m_risingAbove, &m_rising, &m_falling})
+    for (std::vector<Sum>* sums : {&m_risingAbove, &m_rising, &m_falling})
         sums->resize(4 * std::size_t(bounds.width()));
 }
 
-void ShrunkRows::make(int row, float* samples) {
+template<typename Sum>
+void ShrunkRows<Sum>::make(int row, float* samples) {
     if (m_lastBlock != row - 1)
         sumBlock(row - 1);
     m_risingAbove.swap(m_rising);
@@ -82,7 +62,8 @@ void ShrunkRows::make(int row, float* samples) {
         averageColumns(rect, samples + 4 * qsizetype(rect.left() - first));
 }
 
-void ShrunkRows::sumBlock(int block) {
+template<typename Sum>
+void ShrunkRows<Sum>::sumBlock(int block) {
     for (const QRect& rect : rectsInRow(m_blocks, block)) {
         const int left = std::max(rect.left(), m_inputDomain.left());
         const int right = std::min(rect.right(), m_inputDomain.right());
@@ -94,83 +75,65 @@ void ShrunkRows::sumBlock(int block) {
     m_lastBlock = block;
 }
 
-void ShrunkRows::averageColumns(const QRect& rect, float* samples) const {
-    const int factor = m_factor;
-    const float scale = 1 / (static_cast<float>(factor * factor) * static_cast<float>(factor * factor));
-    const qsizetype offset = 4 * (qsizetype(rect.left() - 1) * factor - m_firstColumn);
-    const float* above = m_risingAbove.data() + offset;
-    const float* below = m_falling.data() + offset;
-    std::array<float, 4> risingLeft{};
+template<typename Sum>
+void ShrunkRows<Sum>::averageColumns(const QRect& rect, float* samples) {
+    using Total = std::conditional_t<std::is_integral_v<Sum>, std::int32_t, float>;
+    using FourSums = FourOf<Sum>;
+    using FourTotals = FourOf<Total>;
+    const auto weightOfBlocks = static_cast<float>(2 * m_factor * m_factor);
+    const float scale = 1 / (weightOfBlocks * weightOfBlocks);
+    const auto twiceCount = static_cast<Total>(2 * m_factor);
+    const qsizetype offset = 4 * (qsizetype(rect.left() - 1) * m_factor - m_firstColumn);
+    const Sum* above = m_risingAbove.data() + offset;
+    const Sum* below = m_falling.data() + offset;
+    FourTotals risingLeft{};
     for (int sample = -1; sample < rect.width(); ++sample) {
-        std::array<float, 4> plainSum{};
-        std::array<float, 4> runningSum{};
-        for (int column = 0; column < factor; ++column, above += 4, below += 4) {
-            for (int channel = 0; channel < 4; ++channel) {
-                plainSum[channel] += above[channel] + below[channel];
-                runningSum[channel] += plainSum[channel];
-            }
+        FourTotals plainSum{};
+        FourTotals runningSum{};
+        for (int column = 0; column < m_factor; ++column, above += 4, below += 4) {
+            FourSums fourAbove;
+            FourSums fourBelow;
+            std::memcpy(&fourAbove, above, sizeof fourAbove);
+            std::memcpy(&fourBelow, below, sizeof fourBelow);
+            plainSum += __builtin_convertvector(fourAbove, FourTotals) +
+                        __builtin_convertvector(fourBelow, FourTotals);
+            runningSum += plainSum;
         }
-        std::array<float, 4> rising;
-        std::array<float, 4> falling;
-        for (int channel = 0; channel < 4; ++channel)
-            weigh(plainSum[channel], runningSum[channel], factor, rising[channel], falling[channel]);
+        const FourTotals falling = runningSum + runningSum - plainSum; // see weighSums()
         if (sample >= 0) {
-            for (int channel = 0; channel < 4; ++channel)
-                samples[4 * sample + channel] = (risingLeft[channel] + falling[channel]) * scale;
+            const FourOf<float> average =
+                __builtin_convertvector(risingLeft + falling, FourOf<float>) * scale;
+            std::memcpy(samples + 4 * qsizetype(sample), &average, sizeof average);
         }
-        risingLeft = rising;
+        risingLeft = plainSum * twiceCount - falling;
     }
 }
+
+template class ShrunkRows<std::uint16_t>;
+template class ShrunkRows<float>;
 
 ShrunkPixels::ShrunkPixels(const QImage& source, int factor, const QRegion& needed, int rowsKept)
     : ShrunkRows(source.rect(), factor, needed, rowsKept), m_source(source) {}
 
-void ShrunkPixels::sumBlock(int block, int firstColumn, int count, float* rising, float* falling) {
+void ShrunkPixels::sumBlock(int block, int firstColumn, int count, std::uint16_t* rising,
+                            std::uint16_t* falling) {
+    const int values = 4 * count;
     const int rowCount = factor();
-    std::array<const uchar*, 16> rows;
-    for (int i = 0; i < rowCount; ++i) {
-        const int row = std::clamp(block * rowCount + i, inputDomain().top(), inputDomain().bottom());
-        rows[i] = m_source.constScanLine(row) + 4 * qsizetype(firstColumn);
-    }
-    for (int done = 0; done < count; done += chunkPixels) {
-        // Bytes are summed up as they are. Only when an alpha sum shows that a pixel was not opaque, the
-        // chunk is summed up again with the colours weighted by alpha, which bytes could not hold.
-        const int values = 4 * std::min(chunkPixels, count - done);
-        ChunkSums plainSums;
-        ChunkSums runningSums;
-        std::fill_n(plainSums.begin(), values, 0);
-        std::fill_n(runningSums.begin(), values, 0);
-        int row = 0;
-        for (; row + 4 <= rowCount; row += 4)
-            addRows<4>(rows.data() + row, values, plainSums, runningSums);
-        for (; row < rowCount; ++row)
-            addRows<1>(rows.data() + row, values, plainSums, runningSums);
-        bool isOpaque = true;
-        for (int i = 3; i < values; i += 4)
-            isOpaque &= plainSums[i] == 255 * rowCount;
-        if (isOpaque) {
-            for (int i = 0; i < values; ++i)
-                weigh(plainSums[i], runningSums[i], rowCount, rising[i], falling[i]);
-        } else {
-            m_isOpaque = false;
-            std::array<float, 4 * chunkPixels> pixels;
-            std::fill_n(rising, values, 0.0f);
-            std::fill_n(falling, values, 0.0f);
-            for (row = 0; row < rowCount; ++row) {
-                readPixels(rows[row], values / 4, pixels.data());
-                for (int i = 0; i < values; ++i) {
-                    rising[i] += pixels[i];
-                    falling[i] += rising[i];
-                }
-            }
-            for (int i = 0; i < values; ++i)
-                weigh(rising[i], falling[i], rowCount, rising[i], falling[i]);
-        }
-        rising += values;
-        falling += values;
-        for (int i = 0; i < rowCount; ++i)
-            rows[i] += values;
-    }
+    const auto pixelsOf = [&](int row) {
+        const int inside = std::clamp(block * rowCount + row, inputDomain().top(), inputDomain().bottom());
+        return m_source.constScanLine(inside) + 4 * qsizetype(firstColumn);
+    };
+    std::fill_n(rising, values, 0);
+    std::fill_n(falling, values, 0);
+    int row = 0;
+    for (; row + 4 <= rowCount; row += 4)
+        addFourRows({pixelsOf(row), pixelsOf(row + 1), pixelsOf(row + 2), pixelsOf(row + 3)}, values, rising,
+                    falling);
+    for (; row < rowCount; ++row)
+        addRow(pixelsOf(row), values, rising, falling);
+    for (int alpha = 3; alpha < values; alpha += 4)
+        m_isValid &= rising[alpha] == 255 * rowCount;
+    weighSums(rowCount, values, rising, falling);
 }
 
 ShrunkSamples::ShrunkSamples(std::unique_ptr<SampleRows> input, int factor, const QRegion& needed,
@@ -188,8 +151,11 @@ void ShrunkSamples::sumBlock(int block, int firstColumn, int count, float* risin
             falling[i] += rising[i];
         }
     }
-    for (int i = 0; i < values; ++i)
-        weigh(rising[i], falling[i], factor(), rising[i], falling[i]);
+    const auto twiceCount = static_cast<float>(2 * factor());
+    for (int i = 0; i < values; ++i) { // see weighSums()
+        falling[i] = 2 * falling[i] - rising[i];
+        rising[i] = twiceCount * rising[i] - falling[i];
+    }
 }
 
 } // namespace Veilshot

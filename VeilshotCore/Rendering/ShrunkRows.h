@@ -3,31 +3,29 @@
 #include "VeilshotCore/Rendering/SampleRows.h"
 
 #include <QImage>
+#include <cstdint>
 #include <memory>
 
 namespace Veilshot {
 
 /// A lattice `factor` times as coarse as what it is made from: sample m lies on the edge between the inputs
 /// m·factor − 1 and m·factor and averages the `factor` inputs on each side of it with linear weights.
+/// A block is `factor` rows of inputs, summed up to `Sum`s: float, or integers where they can hold it.
+template<typename Sum>
 class ShrunkRows : public SampleRows {
-public:
-    static QRect shrunkDomain(const QRect& input, int factor);
-    /// The inputs of the given samples, clamped to the input's domain.
-    static QRegion inputsFor(const QRegion& samples, const QRect& inputDomain, int factor);
-
 protected:
     ShrunkRows(const QRect& inputDomain, int factor, const QRegion& needed, int rowsKept);
     int factor() const { return m_factor; }
     const QRect& inputDomain() const { return m_inputDomain; }
 
     /// Sums up the input rows block·factor … block·factor + factor − 1 (clamped to the domain) for `count`
-    /// columns: with weights that rise from ½ to factor − ½, and with weights that fall from factor − ½ to ½.
-    virtual void sumBlock(int block, int firstColumn, int count, float* rising, float* falling) = 0;
+    /// columns: with the weights 1, 3, 5, … from top to bottom, and with the same from bottom to top.
+    virtual void sumBlock(int block, int firstColumn, int count, Sum* rising, Sum* falling) = 0;
 
 private:
     void make(int row, float* samples) override;
     void sumBlock(int block);
-    void averageColumns(const QRect& rect, float* samples) const;
+    void averageColumns(const QRect& rect, float* samples);
 
     int m_factor;
     QRect m_inputDomain;
@@ -35,34 +33,41 @@ private:
     QRegion m_blocks;
     int m_firstColumn;
     int m_lastBlock;
-    std::vector<float> m_risingAbove;
-    std::vector<float> m_rising;
-    std::vector<float> m_falling;
+    std::vector<Sum> m_risingAbove;
+    std::vector<Sum> m_rising;
+    std::vector<Sum> m_falling;
 };
 
-/// Made from the pixels of an image in Format_RGBA8888, which must outlive it.
-class ShrunkPixels : public ShrunkRows {
+/// Made from the pixels of an image in Format_RGBA8888, which must outlive it. Bytes cannot hold colours
+/// weighted by alpha: it is valid for opaque pixels only.
+class ShrunkPixels : public ShrunkRows<std::uint16_t> {
 public:
     ShrunkPixels(const QImage& source, int factor, const QRegion& needed, int rowsKept);
-    bool opaqueSoFar() const override { return m_isOpaque; }
+    bool isValid() const override { return m_isValid; }
 
 private:
-    void sumBlock(int block, int firstColumn, int count, float* rising, float* falling) override;
+    void sumBlock(int block, int firstColumn, int count, std::uint16_t* rising,
+                  std::uint16_t* falling) override;
 
     const QImage& m_source;
-    bool m_isOpaque = true;
+    bool m_isValid = true;
 };
 
 /// Made from another lattice.
-class ShrunkSamples : public ShrunkRows {
+class ShrunkSamples : public ShrunkRows<float> {
 public:
     ShrunkSamples(std::unique_ptr<SampleRows> input, int factor, const QRegion& needed, int rowsKept);
-    bool opaqueSoFar() const override { return m_input->opaqueSoFar(); }
+    bool isValid() const override { return m_input->isValid(); }
 
 private:
     void sumBlock(int block, int firstColumn, int count, float* rising, float* falling) override;
 
     std::unique_ptr<SampleRows> m_input;
 };
+
+/// The domain of a lattice made from another one of domain `input`.
+QRect shrunkDomain(const QRect& input, int factor);
+/// The inputs of the given samples, clamped to the input's domain.
+QRegion inputsOfShrunk(const QRegion& samples, const QRect& inputDomain, int factor);
 
 } // namespace Veilshot

@@ -1,10 +1,25 @@
 #include "VeilshotCore/Rendering/SourceRows.h"
 
+#include "VeilshotCore/Rendering/InnerLoops.h"
 #include "VeilshotCore/Rendering/RegionRows.h"
 
 #include <algorithm>
 
 namespace Veilshot {
+
+namespace {
+
+void readPixels(const uchar* pixels, int count, float* samples) {
+    for (int i = 0; i < 4 * count; i += 4) {
+        const float alpha = pixels[i + 3];
+        const float weight = alpha * (1.0f / 255);
+        for (int channel = 0; channel < 3; ++channel)
+            samples[i + channel] = static_cast<float>(pixels[i + channel]) * weight;
+        samples[i + 3] = alpha;
+    }
+}
+
+} // namespace
 
 SourceRows::SourceRows(const QImage& source, const QRegion& needed, int rowsKept)
     : SampleRows(source.rect(), needed, rowsKept), m_source(source) {}
@@ -13,29 +28,13 @@ void SourceRows::make(int row, float* samples) {
     const int first = needed().boundingRect().left();
     for (const QRect& rect : rectsInRow(needed(), row)) {
         const uchar* pixels = m_source.constScanLine(row) + 4 * qsizetype(rect.left());
-        m_isOpaque &= readPixels(pixels, rect.width(), samples + 4 * qsizetype(rect.left() - first));
+        readPixels(pixels, rect.width(), samples + 4 * qsizetype(rect.left() - first));
     }
-}
-
-bool readPixels(const uchar* pixels, int count, float* samples) {
-    bool isOpaque = true;
-    for (int i = 0; i < 4 * count; i += 4) {
-        const float alpha = pixels[i + 3];
-        const float weight = alpha * (1.0f / 255);
-        isOpaque &= pixels[i + 3] == 255;
-        for (int channel = 0; channel < 3; ++channel)
-            samples[i + channel] = pixels[i + channel] * weight;
-        samples[i + 3] = alpha;
-    }
-    return isOpaque;
 }
 
 void writePixels(const float* samples, int count, Opacity opacity, uchar* pixels) {
-    if (opacity == Opacity::opaque) {
-        for (int i = 0; i < 4 * count; ++i)
-            pixels[i] = static_cast<uchar>(static_cast<int>(samples[i] + 0.5f));
-        return;
-    }
+    if (opacity == Opacity::opaque)
+        return roundToBytes(samples, 4 * count, pixels);
     for (int i = 0; i < 4 * count; i += 4) {
         const float alpha = samples[i + 3];
         const bool isVisible = alpha >= 0.5f;

@@ -10,17 +10,13 @@ namespace Veilshot {
 class SourceRows : public SampleRows {
 public:
     SourceRows(const QImage& source, const QRegion& needed, int rowsKept);
-    bool opaqueSoFar() const override { return m_isOpaque; }
+    bool isValid() const override { return true; }
 
 private:
     void make(int row, float* samples) override;
 
     const QImage& m_source;
-    bool m_isOpaque = true;
 };
-
-/// Converts straight pixels to samples; false if one of them is not opaque.
-bool readPixels(const uchar* pixels, int count, float* samples);
 
 enum class Opacity { opaque, mixed };
 /// Converts samples to straight pixels, rounding to nearest. A pixel whose alpha rounds to zero keeps no
