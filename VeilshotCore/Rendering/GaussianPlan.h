@@ -21,7 +21,7 @@ namespace Veilshot {
 /// moment and the frequencies folded by shrinking; both stay below one grey level as long as the spacing is
 /// at most `sigma / 2`.
 struct GaussianPlan {
-    /// Shrinking factors, each from 2 to 16; none for a sigma too small to shrink.
+    /// Shrinking factors, each from 2 to 12; none for a sigma too small to shrink.
     std::vector<int> factors;
     /// Between the samples, in pixels.
     double spacing = 1;
