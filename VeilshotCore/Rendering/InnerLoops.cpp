@@ -43,6 +43,24 @@ void addFourRows(const std::array<const uchar*, 4>& rows, int count, std::uint16
 }
 
 VEILSHOT_ALSO_FOR_AVX2
+void addSixRows(const std::array<const uchar*, 6>& rows, int count, std::uint16_t* __restrict plainSums,
+                std::uint16_t* __restrict runningSums) {
+    const auto [row0, row1, row2, row3, row4, row5] = rows;
+    for (int i = 0; i < count; ++i) {
+        std::uint16_t plainSum = plainSums[i];
+        std::uint16_t runningSum = runningSums[i];
+        addByte(row0[i], plainSum, runningSum);
+        addByte(row1[i], plainSum, runningSum);
+        addByte(row2[i], plainSum, runningSum);
+        addByte(row3[i], plainSum, runningSum);
+        addByte(row4[i], plainSum, runningSum);
+        addByte(row5[i], plainSum, runningSum);
+        plainSums[i] = plainSum;
+        runningSums[i] = runningSum;
+    }
+}
+
+VEILSHOT_ALSO_FOR_AVX2
 void weighSums(int rowCount, int count, std::uint16_t* __restrict plainToRising,
                std::uint16_t* __restrict runningToFalling) {
     for (int i = 0; i < count; ++i) {

@@ -15,6 +15,8 @@ namespace Veilshot {
 void addRow(const uchar* row, int count, std::uint16_t* plainSums, std::uint16_t* runningSums);
 void addFourRows(const std::array<const uchar*, 4>& rows, int count, std::uint16_t* plainSums,
                  std::uint16_t* runningSums);
+void addSixRows(const std::array<const uchar*, 6>& rows, int count, std::uint16_t* plainSums,
+                std::uint16_t* runningSums);
 
 /// Turns plain into rising and running into falling sums of `rowCount` rows.
 ///

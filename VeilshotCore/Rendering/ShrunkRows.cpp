@@ -126,6 +126,10 @@ void ShrunkPixels::sumBlock(int block, int firstColumn, int count, std::uint16_t
     std::fill_n(rising, values, 0);
     std::fill_n(falling, values, 0);
     int row = 0;
+    for (; row + 6 <= rowCount; row += 6)
+        addSixRows({pixelsOf(row), pixelsOf(row + 1), pixelsOf(row + 2), pixelsOf(row + 3), pixelsOf(row + 4),
+                    pixelsOf(row + 5)},
+                   values, rising, falling);
     for (; row + 4 <= rowCount; row += 4)
         addFourRows({pixelsOf(row), pixelsOf(row + 1), pixelsOf(row + 2), pixelsOf(row + 3)}, values, rising,
                     falling);

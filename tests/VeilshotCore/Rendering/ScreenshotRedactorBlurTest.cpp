@@ -103,10 +103,11 @@ TEST(ScreenshotRedactorBlur, IsWithinTwoGreyLevelsOfAGaussianOnHardContent) {
          paintedImage(size, [](int x, int y) { return blackOrWhite((x + y) % 2); })},
         {"edges beside the border",
          paintedImage(size, [](int x, int y) { return blackOrWhite(x > 1 && y > 1 && x != 90); })},
-        {"lines of the shrinking's period at 18",
+        {"lines that shrinking could fold at 18",
          paintedImage(size, [](int x, int y) { return blackOrWhite(y % 9 < 4 || x % 10 < 5); })},
-        {"lines of the shrinking's period at 36",
+        {"lines that shrinking could fold at 36",
          paintedImage(size, [](int, int y) { return blackOrWhite(y % 18 < 9); })},
+        {"bars", paintedImage(size, [](int x, int y) { return blackOrWhite(x % 31 < 15 || y % 58 < 29); })},
         {"bright colour under transparency", paintedImage(size,
                                                           [](int x, int y) {
                                                               return x / 30 + y / 30 == 3
