@@ -9,7 +9,7 @@ namespace Veilshot {
 namespace {
 
 constexpr double leastSigmaInSpacings = 2;
-/// Sixteen rows of bytes are what sixteen bits can sum up, but the coarser the samples, the more pixels
+/// Sixteen bits can sum up 16 rows of bytes, but the coarser the samples, the more pixels
 /// beyond the blur's reach are read for nothing: twelve is faster.
 constexpr double largestFactor = 12;
 

@@ -83,6 +83,8 @@ void ShrunkRows<Sum>::averageColumns(const QRect& rect, float* samples) {
     const auto weightOfBlocks = static_cast<float>(2 * m_factor * m_factor);
     const float scale = 1 / (weightOfBlocks * weightOfBlocks);
     const auto twiceCount = static_cast<Total>(2 * m_factor);
+    const auto opaqueTotal = static_cast<Total>(255 * 4 * m_factor * m_factor * m_factor * m_factor);
+    bool isOpaque = true;
     const qsizetype offset = 4 * (qsizetype(rect.left() - 1) * m_factor - m_firstColumn);
     const Sum* above = m_risingAbove.data() + offset;
     const Sum* below = m_falling.data() + offset;
@@ -101,12 +103,14 @@ void ShrunkRows<Sum>::averageColumns(const QRect& rect, float* samples) {
         }
         const FourTotals falling = runningSum + runningSum - plainSum; // see weighSums()
         if (sample >= 0) {
-            const FourOf<float> average =
-                __builtin_convertvector(risingLeft + falling, FourOf<float>) * scale;
+            const FourTotals total = risingLeft + falling;
+            isOpaque &= total[3] == opaqueTotal;
+            const FourOf<float> average = __builtin_convertvector(total, FourOf<float>) * scale;
             std::memcpy(samples + 4 * qsizetype(sample), &average, sizeof average);
         }
         risingLeft = plainSum * twiceCount - falling;
     }
+    m_isOpaque &= isOpaque;
 }
 
 template class ShrunkRows<std::uint16_t>;
@@ -135,8 +139,6 @@ void ShrunkPixels::sumBlock(int block, int firstColumn, int count, std::uint16_t
                     falling);
     for (; row < rowCount; ++row)
         addRow(pixelsOf(row), values, rising, falling);
-    for (int alpha = 3; alpha < values; alpha += 4)
-        m_isValid &= rising[alpha] == 255 * rowCount;
     weighSums(rowCount, values, rising, falling);
 }
 

@@ -17,6 +17,8 @@ protected:
     ShrunkRows(const QRect& inputDomain, int factor, const QRegion& needed, int rowsKept);
     int factor() const { return m_factor; }
     const QRect& inputDomain() const { return m_inputDomain; }
+    /// False once a sample saw an alpha below 255. Meant for integers: floats round.
+    bool isOpaqueSoFar() const { return m_isOpaque; }
 
     /// Sums up the input rows block·factor … block·factor + factor − 1 (clamped to the domain) for `count`
     /// columns: with the weights 1, 3, 5, … from top to bottom, and with the same from bottom to top.
@@ -33,6 +35,7 @@ private:
     QRegion m_blocks;
     int m_firstColumn;
     int m_lastBlock;
+    bool m_isOpaque = true;
     std::vector<Sum> m_risingAbove;
     std::vector<Sum> m_rising;
     std::vector<Sum> m_falling;
@@ -43,14 +46,13 @@ private:
 class ShrunkPixels : public ShrunkRows<std::uint16_t> {
 public:
     ShrunkPixels(const QImage& source, int factor, const QRegion& needed, int rowsKept);
-    bool isValid() const override { return m_isValid; }
+    bool isValid() const override { return isOpaqueSoFar(); }
 
 private:
     void sumBlock(int block, int firstColumn, int count, std::uint16_t* rising,
                   std::uint16_t* falling) override;
 
     const QImage& m_source;
-    bool m_isValid = true;
 };
 
 /// Made from another lattice.
