@@ -1,0 +1,168 @@
+#include "VeilshotCore/Analysis/PhoneNumberFinder.h"
+
+#include "VeilshotCore/Analysis/RegularExpression.h"
+
+#include <QString>
+#include <algorithm>
+#include <phonenumbers/phonenumbermatch.h>
+#include <phonenumbers/phonenumbermatcher.h>
+#include <phonenumbers/phonenumberutil.h>
+#include <string>
+
+using namespace Qt::StringLiterals;
+using i18n::phonenumbers::PhoneNumberMatch;
+using i18n::phonenumbers::PhoneNumberMatcher;
+using i18n::phonenumbers::PhoneNumberUtil;
+
+namespace Veilshot {
+
+namespace {
+
+/// Anything shorter is a count, a year or a time far more often than a local number.
+constexpr int fewestDigits = 7;
+/// How much of the text before a number is searched for a label.
+constexpr qsizetype labelReach = 64;
+/// How many pieces of one line may turn out not to be numbers before the rest of it is given up.
+constexpr int mostFailures = 2000;
+
+/// The words around a number that tell what it is, and the shapes that tell it without any.
+struct Expressions {
+    RegularExpression date{
+        uR"(^(?:\d{4}[-./]\d{1,2}[-./]\d{1,2}|\d{1,2}[-./]\d{1,2}[-./]\d{2,4}|\d{4}\s?[-–]\s?\d{2,5})$)"};
+    RegularExpression otherLabelBefore{
+        uR"((?:#|№|\b(?:order|ordre|ordrenr|ordrenummer|invoice|faktura|bilag|ticket|case|sag|sagsnr)"
+        uR"(|journalnr|ref|reference|id|isbn|sku|batch|lot|serial|serienr|varenr|vare|part|cvr|cvr-nr|konto)"
+        uR"(|kontonr|account|reg|regnr|kundenr|medlemsnr|po|tracking|usps|transaction|pid|rss|thread|build)"
+        uR"(|version|port|ean|vat|moms|no|nr|nummer|code|kode|pin)\b\.?))"
+        uR"(\s*(?:no|nr|id|number|nummer)?\.?\s*[:#]?\s*$)"};
+    RegularExpression phoneLabelBefore{
+        uR"(\b(?:tel|tlf|telefon|phone|mob|mobil|mobile|cell|call|ring|fax|sms|ph|direct|office|work|home)"
+        uR"(|text|dial|kontakt|whatsapp|signal|hotline|support)\b[^\d]{0,20}$)"};
+    RegularExpression amountBefore{
+        uR"((?:[$€£¥]|\b(?:kr|dkk|usd|eur|gbp|total|subtotal|balance|equity|saldo|beløb|i alt|amount))\.?:?\s*$)"};
+    RegularExpression unitAfter{
+        uR"(^\s*(?:kr\b|dkk|usd|eur|%|°|mb\b|gb\b|kb\b|km\b|m\b|views|visninger|points|px|x\s?\d|×))"};
+    /// Formats in which people write nothing but phone numbers, so that a number need not be in use.
+    RegularExpression unmistakable{uR"(^(?:\+|00\d|\(\d{3,5}\)|\(\+\d|(?:1[-. ])?\d{3}[-. ]\d{3}[-. ]\d{4}$)"
+                                   uR"(|0\d{2,4} \d{3,4} ?\d{3,4}$))"};
+
+    static const Expressions& shared() {
+        static const Expressions expressions;
+        return expressions;
+    }
+};
+
+/// libphonenumber reads UTF-8 and answers in bytes.
+class Utf8Line {
+public:
+    explicit Utf8Line(QStringView line) : m_bytes(line.toUtf8().toStdString()) {}
+
+    const std::string& bytes() const { return m_bytes; }
+
+    TextRange range(const PhoneNumberMatch& match) const {
+        const auto utf16Length = [](std::string_view bytes) {
+            return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())).size();
+        };
+        const std::string_view bytes = m_bytes;
+        return {utf16Length(bytes.substr(0, match.start())),
+                utf16Length(bytes.substr(match.start(), match.end() - match.start()))};
+    }
+
+private:
+    std::string m_bytes;
+};
+
+bool intersectsAny(TextRange range, const std::vector<TextRange>& others) {
+    return std::ranges::any_of(others, [&](TextRange other) { return range.intersects(other); });
+}
+
+/// What libphonenumber finds in any of the regions, the longest where they overlap: a Danish reading often
+/// takes the end of an American number. An international number is found in every region.
+std::vector<TextRange> candidates(const Utf8Line& line, PhoneNumberMatcher::Leniency leniency) {
+    std::vector<TextRange> found;
+    for (const char* region : {"US", "DK", "GB"}) {
+        PhoneNumberMatcher matcher(*PhoneNumberUtil::GetInstance(), line.bytes(), region, leniency,
+                                   mostFailures);
+        for (PhoneNumberMatch match; matcher.HasNext() && matcher.Next(&match);)
+            found.push_back(line.range(match));
+    }
+    std::ranges::stable_sort(found, std::ranges::greater{}, &TextRange::length);
+    std::vector<TextRange> longest;
+    for (const TextRange range : found) {
+        if (!intersectsAny(range, longest))
+            longest.push_back(range);
+    }
+    return longest;
+}
+
+struct DigitGroups {
+    int digits = 0;
+    int groups = 0;
+    int longestGroup = 0;
+
+    explicit DigitGroups(QStringView text) {
+        int group = 0;
+        for (const QChar character : text) {
+            group = character.isDigit() ? group + 1 : 0;
+            digits += group > 0;
+            groups += group == 1;
+            longestGroup = std::max(longestGroup, group);
+        }
+    }
+};
+
+/// True where the number is cut out of something longer: a decimal, a path, a version, a word.
+bool isPartOfSomethingLonger(QStringView line, TextRange number) {
+    if (number.location > 0) {
+        const QChar before = line[number.location - 1];
+        if (before.isLetterOrNumber() || u".,#/_"_s.contains(before))
+            return true;
+    }
+    if (number.end() >= line.size())
+        return false;
+    const QChar after = line[number.end()];
+    const bool digitFollows = number.end() + 1 < line.size() && line[number.end() + 1].isDigit();
+    return after.isLetterOrNumber() || after == u'_' || after == u'%' ||
+           (digitFollows && u".,:/"_s.contains(after));
+}
+
+/// Rejects the dates, amounts and reference numbers that are also numbers somebody could be called on.
+bool isPhoneNumberInContext(QStringView line, TextRange number) {
+    const Expressions& expressions = Expressions::shared();
+    const QStringView text = line.sliced(number.location, number.length);
+    const QStringView before = line.first(number.location).last(std::min(number.location, labelReach));
+    const QStringView after = line.sliced(number.end());
+    if (isPartOfSomethingLonger(line, number) || expressions.date.hasMatch(text))
+        return false;
+    if (expressions.otherLabelBefore.hasMatch(before) && !expressions.phoneLabelBefore.hasMatch(before))
+        return false;
+    if (expressions.amountBefore.hasMatch(before) || expressions.unitAfter.matchAt(after, 0))
+        return false;
+
+    const DigitGroups groups(text);
+    if (groups.digits < fewestDigits)
+        return false;
+    // Scores, times and series come in pairs of digits too, but rarely in exactly four.
+    const bool international = text.startsWith(u'+') || text.startsWith(u"00") || text.startsWith(u"(+");
+    const bool danish = groups.digits == 8 && groups.groups == 4;
+    return international || danish || groups.longestGroup > 2;
+}
+
+} // namespace
+
+std::vector<TextRange> PhoneNumberFinder::find(QStringView line) const {
+    if (std::ranges::count_if(line, [](QChar character) { return character.isDigit(); }) < fewestDigits)
+        return {};
+    const Utf8Line utf8(line);
+    std::vector<TextRange> numbers = candidates(utf8, PhoneNumberMatcher::VALID);
+    for (const TextRange range : candidates(utf8, PhoneNumberMatcher::POSSIBLE)) {
+        if (!intersectsAny(range, numbers) &&
+            Expressions::shared().unmistakable.hasMatch(line.sliced(range.location, range.length)))
+            numbers.push_back(range);
+    }
+    std::erase_if(numbers, [&](TextRange range) { return !isPhoneNumberInContext(line, range); });
+    std::ranges::sort(numbers, {}, &TextRange::location);
+    return numbers;
+}
+
+} // namespace Veilshot
