@@ -22,8 +22,10 @@ namespace {
 constexpr int fewestDigits = 7;
 /// How much of the text before a number is searched for a label.
 constexpr qsizetype labelReach = 64;
-/// How many pieces of one line may turn out not to be numbers before the rest of it is given up.
-constexpr int mostFailures = 2000;
+/// libphonenumber takes quadratic time over a line full of digits. Longer lines than this, which hardly any
+/// screenshot has, go to it in pieces that overlap by more than the longest number.
+constexpr qsizetype pieceLength = 256;
+constexpr qsizetype pieceOverlap = 80;
 
 /// The words around a number that tell what it is, and the shapes that tell it without any.
 struct Expressions {
@@ -45,6 +47,9 @@ struct Expressions {
     /// Formats in which people write nothing but phone numbers, so that a number need not be in use.
     RegularExpression unmistakable{uR"(^(?:\+|00\d|\(\d{3,5}\)|\(\+\d|(?:1[-. ])?\d{3}[-. ]\d{3}[-. ]\d{4}$)"
                                    uR"(|0\d{2,4} \d{3,4} ?\d{3,4}$))"};
+    /// Occurs wherever `unmistakable` can: a cheap reason not to look for such formats.
+    RegularExpression unmistakablePart{
+        uR"(\+|\(\d{3,5}\)|(?<!\d)(?:00\d|\d{3}[-. ]\d{3}[-. ]\d{4}|0\d{2,4} \d{3,4} ?\d{3,4}))"};
 
     static const Expressions& shared() {
         static const Expressions expressions;
@@ -52,23 +57,41 @@ struct Expressions {
     }
 };
 
-/// libphonenumber reads UTF-8 and answers in bytes.
-class Utf8Line {
+std::vector<TextRange> pieces(QStringView line) {
+    std::vector<TextRange> pieces;
+    qsizetype start = 0;
+    while (line.size() - start > pieceLength) {
+        pieces.push_back({start, pieceLength});
+        // At a blank, if there is one: the rest of a number that was cut would be taken for part of the next.
+        const qsizetype earliest = start + pieceLength - pieceOverlap;
+        const qsizetype blank = line.sliced(earliest, pieceOverlap / 2).indexOf(u' ');
+        start = earliest + std::max<qsizetype>(0, blank);
+    }
+    pieces.push_back({start, line.size() - start});
+    return pieces;
+}
+
+/// A piece of the line as libphonenumber reads it: it takes UTF-8 and answers in bytes.
+class Utf8Piece {
 public:
-    explicit Utf8Line(QStringView line) : m_bytes(line.toUtf8().toStdString()) {}
+    Utf8Piece(QStringView line, TextRange piece)
+        : m_start(piece.location), m_bytes(line.sliced(piece.location, piece.length).toUtf8().toStdString()) {
+    }
 
     const std::string& bytes() const { return m_bytes; }
 
+    /// Within the line.
     TextRange range(const PhoneNumberMatch& match) const {
         const auto utf16Length = [](std::string_view bytes) {
             return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())).size();
         };
         const std::string_view bytes = m_bytes;
-        return {utf16Length(bytes.substr(0, match.start())),
+        return {m_start + utf16Length(bytes.substr(0, match.start())),
                 utf16Length(bytes.substr(match.start(), match.end() - match.start()))};
     }
 
 private:
+    qsizetype m_start;
     std::string m_bytes;
 };
 
@@ -78,13 +101,16 @@ bool intersectsAny(TextRange range, const std::vector<TextRange>& others) {
 
 /// What libphonenumber finds in any of the regions, the longest where they overlap: a Danish reading often
 /// takes the end of an American number. An international number is found in every region.
-std::vector<TextRange> candidates(const Utf8Line& line, PhoneNumberMatcher::Leniency leniency) {
+std::vector<TextRange> candidates(const std::vector<Utf8Piece>& pieces,
+                                  PhoneNumberMatcher::Leniency leniency) {
     std::vector<TextRange> found;
-    for (const char* region : {"US", "DK", "GB"}) {
-        PhoneNumberMatcher matcher(*PhoneNumberUtil::GetInstance(), line.bytes(), region, leniency,
-                                   mostFailures);
-        for (PhoneNumberMatch match; matcher.HasNext() && matcher.Next(&match);)
-            found.push_back(line.range(match));
+    for (const Utf8Piece& piece : pieces) {
+        for (const char* region : {"US", "DK", "GB"}) {
+            PhoneNumberMatcher matcher(*PhoneNumberUtil::GetInstance(), piece.bytes(), region, leniency,
+                                       pieceLength);
+            for (PhoneNumberMatch match; matcher.HasNext() && matcher.Next(&match);)
+                found.push_back(piece.range(match));
+        }
     }
     std::ranges::stable_sort(found, std::ranges::greater{}, &TextRange::length);
     std::vector<TextRange> longest;
@@ -148,17 +174,34 @@ bool isPhoneNumberInContext(QStringView line, TextRange number) {
     return international || danish || groups.longestGroup > 2;
 }
 
+/// libphonenumber is slow: spares it the lines in which no letterless stretch has the digits of a number.
+bool hasEnoughDigitsInARow(QStringView line) {
+    int digits = 0;
+    for (const QChar character : line) {
+        if (character.isDigit() && ++digits == fewestDigits)
+            return true;
+        if (character.isLetter())
+            digits = 0;
+    }
+    return false;
+}
+
 } // namespace
 
 std::vector<TextRange> PhoneNumberFinder::find(QStringView line) const {
-    if (std::ranges::count_if(line, [](QChar character) { return character.isDigit(); }) < fewestDigits)
+    if (!hasEnoughDigitsInARow(line))
         return {};
-    const Utf8Line utf8(line);
+    std::vector<Utf8Piece> utf8;
+    for (const TextRange piece : pieces(line))
+        utf8.emplace_back(line, piece);
     std::vector<TextRange> numbers = candidates(utf8, PhoneNumberMatcher::VALID);
-    for (const TextRange range : candidates(utf8, PhoneNumberMatcher::POSSIBLE)) {
-        if (!intersectsAny(range, numbers) &&
-            Expressions::shared().unmistakable.hasMatch(line.sliced(range.location, range.length)))
-            numbers.push_back(range);
+    const Expressions& expressions = Expressions::shared();
+    if (expressions.unmistakablePart.hasMatch(line)) {
+        for (const TextRange range : candidates(utf8, PhoneNumberMatcher::POSSIBLE)) {
+            if (!intersectsAny(range, numbers) &&
+                expressions.unmistakable.hasMatch(line.sliced(range.location, range.length)))
+                numbers.push_back(range);
+        }
     }
     std::erase_if(numbers, [&](TextRange range) { return !isPhoneNumberInContext(line, range); });
     std::ranges::sort(numbers, {}, &TextRange::location);

@@ -56,7 +56,7 @@ QString englishStreet() {
     const QString notDevice = uR"((?<!(?:Wheel|Hard|Test|Flash|Disk|USB|Tape)\sDrive|Card\sRow))"_s;
     // A lower-case word behind the type makes it an ordinary noun, unless it goes on in time or space.
     const QString notNoun = uR"((?!\s+[a-zæøå]+\b(?<!\b(?:at|after|before|on|in|until|til|for|and|from))))"_s;
-    return houseNumber + notRated + uR"(\s+)"_s + optional(compass + uR"(\s+)"_s) + u"(?:"_s + word +
+    return notRated + houseNumber + uR"(\s+)"_s + optional(compass + uR"(\s+)"_s) + u"(?:"_s + word +
            uR"(\s+){1,4}?)"_s + anyOf({streetType, streetType.toUpper()}) + uR"(\b)"_s + notDevice +
            uR"(\.?(?:\s+)"_s + compass + u")?"_s + notNoun;
 }
