@@ -19,7 +19,7 @@ struct Expressions {
                             uR"(@(?:[\p{L}\p{N}](?:[\p{L}\p{N}-]*[\p{L}\p{N}])?\.)+)"
                             uR"((?:xn--[a-z0-9-]+|\p{L}{2,})(?![\p{L}\p{N}@]))"};
     RegularExpression explicitAddress{
-        uR"((?<![\p{L}\p{N}])(?:((?:https?|ftps?|sftp|ssh|file|git)://)|www\.)[^\s<>"“”«»|]+)"};
+        uR"((?<![\p{L}\p{N}])(?:([a-z][a-z0-9+.-]{1,20}://)|www\.)[^\s<>"“”«»|]+)"};
     /// Groups: the host, the path. A call or a member ("foo.bar(", "foo.bar_baz") is not a domain.
     RegularExpression bareDomain{
         uR"((?<![\p{L}\p{N}@._/\\:-]))"

@@ -143,6 +143,8 @@ bool isPartOfSomethingLonger(QStringView line, TextRange number) {
         const QChar before = line[number.location - 1];
         if (before.isLetterOrNumber() || u".,#/_"_s.contains(before))
             return true;
+        if (before == u':' && number.location > 1 && line[number.location - 2].isDigit())
+            return true; // 09:41 05-06-2025
     }
     if (number.end() >= line.size())
         return false;

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <algorithm>
+#include <array>
 
 namespace Veilshot {
 
@@ -18,24 +19,23 @@ TextRange united(TextRange first, TextRange second) {
     return {start, std::max(first.end(), second.end()) - start};
 }
 
-/// Numbers from 1900 to 2099 are years, except in front of the two cities that have these postcodes.
+/// A number from 1900 to 2099 is a year, except in front of the two cities that have these postcodes. In
+/// lower case the short towns are words (ringe, varde).
 bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
-    const auto group = [&](std::size_t index) {
-        const TextRange range = match.groups[index];
-        return range.location < 0 ? QStringView() : line.sliced(range.location, range.length);
-    };
-    const QStringView town = group(2);
-    if (!group(0).isEmpty())
+    constexpr qsizetype shortestLowercaseTown = 6;
+    const auto [prefix, postcode, first, second] =
+        std::array{match.groups[0], match.groups[1], match.groups[2], match.groups[3]};
+    const QStringView town = line.sliced(first.location, first.length);
+    if (town[0].isLower() && town.size() < shortestLowercaseTown)
+        return false;
+    if (prefix.location >= 0)
         return true;
-    const int postcode = group(1).toInt();
-    if (postcode >= 1900 && postcode < 2100)
+    const int number = line.sliced(postcode.location, postcode.length).toInt();
+    if (number >= 1900 && number < 2100)
         return town.startsWith(u"frederiksberg", Qt::CaseInsensitive) ||
                town.startsWith(u"københavn", Qt::CaseInsensitive);
-    if (isDanishTown(town))
-        return true;
-    const TextRange second = match.groups[3];
-    return second.location >= 0 &&
-           isDanishTown(line.sliced(match.groups[2].location, second.end() - match.groups[2].location));
+    return isDanishTown(town) ||
+           (second.location >= 0 && isDanishTown(line.sliced(first.location, second.end() - first.location)));
 }
 
 std::vector<TextRange> anchors(QStringView line, const PostalAddressGrammar& grammar) {

@@ -126,19 +126,27 @@ const QString district = uR"((?:\s+(?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b))"_s;
 const QString continentalPostcode = uR"((?:[A-Z]{1,2}-\s?)?\d{4,5})"_s;
 const QString swedishPostcode = uR"(\d{3}\s\d{2})"_s;
 
-/// Labels are no part of a street's name, a month with its day is none, and some nouns only end like one.
+/// Labels are no part of a street's name, and a month with its day is none.
 const QString notOtherWords =
     uR"((?!(?:Adr|Addr|Adresse|Address|Bor|Til|To|At|Find|Kig|Leveres|Besøg)\b\.?:?\s))"
-    uR"((?!(?i:(?:\w+,?\s+){0,3}(?:jan|feb|mar|apr|may|maj|jun|jul|aug|sep|okt|oct|nov|dec)[a-z]*\.?\s+\d{1,2},)))"
-    uR"((?!(?i:genvej|omvej|udvej|motorvej|landevej|undervejs|hovedvej|adgangsvej|plads|spilleplads|siddeplads)"
-    uR"(|parkeringsplads|arbejdsplads|sti|gade|vej)\s+\d))"_s;
+    uR"((?!(?i:(?:\w+,?\s+){0,3}(?:jan|feb|mar|apr|may|maj|jun|jul|aug|sep|okt|oct|nov|dec)[a-z]*\.?\s+\d{1,2},)))"_s;
+/// Nouns that only end like a street.
+const QString notNoun =
+    uR"((?!(?i:genvej|omvej|udvej|motorvej|landevej|hovedvej|adgangsvej|spilleplads|siddeplads|brigade|renegade)"
+    uR"(|parkeringsplads|arbejdsplads)\s))"_s;
 
 QString nordicStreet() {
     const QString stem = uR"([A-ZÆØÅÄÖ][\w'’.\-]{0,40}?)"_s;
-    return beforeName + notOtherWords + u"(?:"_s + name + uR"(\s+){0,3}?)"_s +
+    return beforeName + notOtherWords + u"(?:"_s + name + uR"(\s+){0,3}?)"_s + notNoun +
            anyOf({stem + anyOf({streetEnding, avenueEnding}),
                   u"[A-ZÆØÅÄÖ]{2,40}?"_s + anyOf({streetEnding.toUpper(), u"ALL[EÉ]E?N?"_s}), wholeStreet}) +
            uR"(\s+)"_s + nordicNumber;
+}
+
+/// As people type in a chat: "nørrebrogade 12". Only with the endings that few other words share.
+QString lowercaseStreet() {
+    return beforeName + notNoun + uR"([a-zæøå]{3,40}?(?:gade|vej|stræde|vænget|all[eé]|torv)\s+)"_s +
+           nordicNumber;
 }
 
 QString nordicStreetOfWords() {
@@ -185,9 +193,10 @@ const QStringList placePatterns = {
 PostalAddressGrammar::PostalAddressGrammar()
     : anchors(compiled({englishStreet(), broadway(), englishAddress(), americanPlace(), britishPlace(),
                         frenchStreet(), frenchAddress(), nordicStreet(), nordicStreetOfWords(),
-                        continentalAddress(), postBox})),
-      danishPlace(compiled(uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅ][\w.]{1,40}+))"_s +
-                           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s + district + u'?')),
+                        lowercaseStreet(), continentalAddress(), postBox})),
+      danishPlace(compiled(uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå][\w.]{1,40}+))"_s +
+                           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s +
+                           uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
       continuations(compiled({floor, unit}, separator)), places(compiled(placePatterns, separator)),
       area(compiled(uR"(\s*,\s*)"_s + city + uR"((?=\s*,))"_s)),
       lastArea(compiled(uR"(\s*,\s*)"_s + city + uR"((?:\s+\d{1,2})?(?=\s*$))"_s)),
