@@ -2,10 +2,10 @@
 
 #include "VeilshotCore/Analysis/RegularExpression.h"
 
+#include <QSet>
 #include <QString>
 #include <QUrl>
 #include <algorithm>
-#include <array>
 #include <libpsl.h>
 
 using namespace Qt::StringLiterals;
@@ -45,14 +45,17 @@ bool isTopLevelDomain(const QString& label) {
 }
 
 /// Top-level domains that end file names, members of objects and abbreviations far more often than a
-/// domain of two labels: "README.md", "run.sh", "self.top", "lejl.nr".
+/// domain of two labels: "README.md", "Main.java", "self.top", "lejl.nr".
 bool isFileLike(const QString& topLevelDomain) {
-    static constexpr std::array endings{
-        u"ai", u"app", u"as", u"bar", u"bz",   u"cab", u"cc",  u"gz",   u"hm", u"id", u"la",
-        u"md", u"mk",  u"ml", u"mov", u"name", u"nr",  u"now", u"page", u"pl", u"pm", u"prof",
-        u"ps", u"pub", u"py", u"rs",  u"sh",   u"so",  u"st",  u"top",  u"ts", u"vi", u"zip"};
-    return std::ranges::find(endings, topLevelDomain.toLower(),
-                             [](const char16_t* ending) { return QStringView(ending); }) != endings.end();
+    static const QSet<QString> endings{
+        u"ai"_s,     u"app"_s,    u"as"_s,   u"bar"_s,   u"bz"_s,   u"cab"_s,  u"call"_s,  u"cc"_s,
+        u"click"_s,  u"data"_s,   u"date"_s, u"email"_s, u"fail"_s, u"gz"_s,   u"hm"_s,    u"id"_s,
+        u"java"_s,   u"la"_s,     u"link"_s, u"map"_s,   u"md"_s,   u"mk"_s,   u"ml"_s,    u"mov"_s,
+        u"name"_s,   u"next"_s,   u"now"_s,  u"nr"_s,    u"open"_s, u"page"_s, u"pl"_s,    u"pm"_s,
+        u"prof"_s,   u"ps"_s,     u"pub"_s,  u"py"_s,    u"read"_s, u"rs"_s,   u"run"_s,   u"save"_s,
+        u"search"_s, u"select"_s, u"sh"_s,   u"show"_s,  u"so"_s,   u"st"_s,   u"style"_s, u"target"_s,
+        u"top"_s,    u"ts"_s,     u"vi"_s,   u"zip"_s};
+    return endings.contains(topLevelDomain.toLower());
 }
 
 enum class Path { absent, present };

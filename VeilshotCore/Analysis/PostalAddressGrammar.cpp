@@ -49,15 +49,18 @@ const QString unit =
     uR"((?:(?:Apt|Apartment|Unit|Suite|Ste|Floor|Fl|Bldg|Building|Flat|Room|Rm|APT|UNIT|SUITE|STE)\b)"
     uR"(\.?\s?#?\s?\w{1,5}|#\s?\w{1,5}|\d{1,3}(?:st|nd|rd|th)\s(?:Floor|Fl)\b))"_s;
 
-/// "10 Downing Street", "45 W 25th St", but neither "5 Star Hotel View" nor "12 Park Row seats".
+/// "10 Downing Street", "45 W 25th St", but neither "5 Star Hotel View" nor "Level 3 Green Hill".
 QString englishStreet() {
     const QString notRated = uR"((?!\d\s+Star\s))"_s;
+    const QString notCounted =
+        uR"((?<!\b(?i:top|day|week|level|chapter|season|episode|version|scene|step|page|part|phase|stage|round)"
+        uR"(|track|volume|vol|windows|iphone|q[1-4])\s))"_s;
     const QString word = uR"((?:The|of|le|[A-Z][\w'’.\-]{0,40}+|\d{1,3}(?:st|nd|rd|th|ST|ND|RD|TH)))"_s;
     const QString notDevice = uR"((?<!(?:Wheel|Hard|Test|Flash|Disk|USB|Tape)\sDrive|Card\sRow))"_s;
     // A lower-case word behind the type makes it an ordinary noun, unless it goes on in time or space.
     const QString notNoun = uR"((?!\s+[a-zæøå]+\b(?<!\b(?:at|after|before|on|in|until|til|for|and|from))))"_s;
-    return notRated + houseNumber + uR"(\s+)"_s + optional(compass + uR"(\s+)"_s) + u"(?:"_s + word +
-           uR"(\s+){1,4}?)"_s + anyOf({streetType, streetType.toUpper()}) + uR"(\b)"_s + notDevice +
+    return notRated + notCounted + houseNumber + uR"(\s+)"_s + optional(compass + uR"(\s+)"_s) + u"(?:"_s +
+           word + uR"(\s+){1,4}?)"_s + anyOf({streetType, streetType.toUpper()}) + uR"(\b)"_s + notDevice +
            uR"(\.?(?:\s+)"_s + compass + u")?"_s + notNoun;
 }
 
@@ -103,7 +106,8 @@ QString frenchAddress() {
 // Denmark, Norway, Sweden, Germany: the number follows the street
 
 const QString streetEnding =
-    u"veje?n?|gade[nrs]?|gyden?|pladsen|plads|torv(?:et)?|strædet?|vænget?|bakken|toften?|stien|sti|kajen?"
+    u"veje?n?|gade[nrs]?|gyden?|pladsen|plads|torv(?:et)?|strædet?|vænget?|bakken|toften?|stien|(?<!hri)sti|"
+    u"kajen?"
     u"|draget|svinget|krogen|skrænten|gården|marken|engen|lunden|dalen|leddet|(?:ster|mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
     u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|straße"
