@@ -32,7 +32,7 @@ constexpr double avatarConfidence = 0.35;
 constexpr double faceInsideAvatar = 0.5;
 /// Around a photograph, so that an avatar's flat ground is seen.
 constexpr int groundAroundAvatar = 16;
-/// As many rows of one colour below a face are the end of its photograph.
+/// As many rows of a drawn surface below a face are the end of its photograph.
 constexpr int rowsThatEndPhoto = 3;
 
 struct Face {
@@ -107,19 +107,30 @@ QRect photoAround(const QRectF& face, const std::vector<QRect>& photos) {
                                      [&](const QRect& photo) { return area(face & QRectF(photo)); });
 }
 
-/// The photograph without what follows below the face after a band of one colour as wide as the face.
-/// Avatars in a column are one photograph to the search, and no body goes on from one to the next.
+bool isSmoothStep(const uchar* a, const uchar* b) {
+    return std::abs(a[0] - b[0]) <= 1 && std::abs(a[1] - b[1]) <= 1 && std::abs(a[2] - b[2]) <= 1;
+}
+
+/// True when the row's pixels within the columns of `area` differ by a level at most from the next one and
+/// from the one above: a drawn surface, plain or with a gradient. The noise of a photograph forbids it.
+bool isDrawnSurface(const QImage& image, const QRect& area, int y) {
+    const uchar* pixel = image.constScanLine(y) + 4 * static_cast<std::ptrdiff_t>(area.left());
+    const uchar* above = pixel - (y > 0 ? image.bytesPerLine() : 0);
+    for (int x = area.left(); x < area.right(); ++x, pixel += 4, above += 4) {
+        if (!isSmoothStep(pixel, pixel + 4) || !isSmoothStep(pixel, above))
+            return false;
+    }
+    return true;
+}
+
+/// The photograph without what follows below the face after a drawn band as wide as the face. Avatars in a
+/// column are one photograph to the search, and no body goes on from one to the next.
 QRect cutBelowFace(const QImage& image, QRect photo, const QRectF& face) {
     const QRect below = QRectF(face.x(), face.bottom(), face.width(), photo.height()).toRect() & photo;
-    int flatRows = 0;
+    int bandHeight = 0;
     for (int y = below.top(); y <= below.bottom(); ++y) {
-        const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        const auto* previous = reinterpret_cast<const QRgb*>(image.constScanLine(std::max(y - 1, 0)));
-        const bool flat = std::all_of(row + below.left(), row + below.right() + 1,
-                                      [&](QRgb pixel) { return pixel == row[below.left()]; });
-        const bool goesOn = flat && flatRows > 0 && row[below.left()] == previous[below.left()];
-        flatRows = flat ? (goesOn ? flatRows + 1 : 1) : 0;
-        if (flatRows == rowsThatEndPhoto) {
+        bandHeight = isDrawnSurface(image, below, y) ? bandHeight + 1 : 0;
+        if (bandHeight == rowsThatEndPhoto) {
             photo.setBottom(y - rowsThatEndPhoto);
             break;
         }
