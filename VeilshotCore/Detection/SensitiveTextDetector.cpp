@@ -1,0 +1,140 @@
+#include "VeilshotCore/Detection/SensitiveTextDetector.h"
+
+#include "VeilshotCore/Analysis/ListNameTagger.h"
+#include "VeilshotCore/Analysis/StandardDataDetector.h"
+#include "VeilshotCore/Analysis/TesseractTextRecognizer.h"
+#include "VeilshotCore/Detection/TextPatterns.h"
+
+#include <algorithm>
+
+namespace Veilshot {
+
+namespace {
+
+/// Recognized boxes hug the ink; a little around them hides the ends of letters and the blur's edge too.
+constexpr double horizontalMargin = 0.006;
+constexpr double verticalMargin = 0.008;
+
+constexpr double duplicateShare = 0.8;
+
+SensitiveRegion enlargedRegion(const NormalizedRect& box, SensitiveKind kind) {
+    return {QUuid::createUuid(),
+            box.enlarged(horizontalMargin, verticalMargin).intersected(NormalizedRect::unit()), kind};
+}
+
+/// A range that splits a surrogate pair does not map to characters.
+bool fallsOnCharacters(const QString& line, TextRange range) {
+    const auto splitsPair = [&](qsizetype offset) {
+        return offset > 0 && offset < line.size() && line[offset].isLowSurrogate() &&
+               line[offset - 1].isHighSurrogate();
+    };
+    return range.location >= 0 && range.length >= 0 && range.end() <= line.size() &&
+           !splitsPair(range.location) && !splitsPair(range.end());
+}
+
+void appendRegions(SensitiveRegions& regions, const RecognizedLine& line,
+                   const std::vector<SensitiveTextDetector::TextMatch>& matches) {
+    for (const auto& match : matches) {
+        if (!fallsOnCharacters(line.text(), match.range))
+            continue;
+        if (const auto box = line.boundingBox(match.range))
+            regions.push_back(enlargedRegion(*box, match.kind));
+    }
+}
+
+DetectionOutcome detectSensitiveText(const QImage& image, const SensitiveTextDetector::Analyzers& analyzers,
+                                     const CancellationCheck& isCancelled) {
+    auto recognized = analyzers.textRecognizer->recognize(image, isCancelled);
+    if (const auto* error = std::get_if<AnalysisError>(&recognized))
+        return *error;
+    SensitiveRegions regions;
+    for (const RecognizedLine& line : std::get<std::vector<RecognizedLine>>(recognized)) {
+        if (isCancelled())
+            return SensitiveRegions();
+        if (TextPatterns::labeledLine().hasMatch(line.text())) {
+            regions.push_back(enlargedRegion(line.boundingBox(), SensitiveKind::identity));
+            continue;
+        }
+        appendRegions(regions, line, SensitiveTextDetector::matches(line.text()));
+        appendRegions(regions, line,
+                      SensitiveTextDetector::dataDetectorMatches(line.text(), *analyzers.dataDetector));
+        appendRegions(regions, line, SensitiveTextDetector::nameMatches(line.text(), *analyzers.nameTagger));
+    }
+    return SensitiveTextDetector::removingDuplicates(std::move(regions));
+}
+
+SensitiveKind kindOf(const DataMatch& match) {
+    switch (match.type) {
+    case DataMatch::Type::address:
+        return SensitiveKind::address;
+    case DataMatch::Type::phoneNumber:
+        return SensitiveKind::phone;
+    case DataMatch::Type::link:
+        break;
+    }
+    return match.url.startsWith(u"mailto:") ? SensitiveKind::email : SensitiveKind::web;
+}
+
+} // namespace
+
+SensitiveTextDetector::Analyzers SensitiveTextDetector::Analyzers::shared() {
+    static const Analyzers analyzers{std::make_shared<TesseractTextRecognizer>(),
+                                     std::make_shared<StandardDataDetector>(),
+                                     std::make_shared<ListNameTagger>()};
+    return analyzers;
+}
+
+SensitiveTextDetector::SensitiveTextDetector(Analyzers analyzers) : m_analyzers(std::move(analyzers)) {}
+
+QFuture<DetectionOutcome> SensitiveTextDetector::detect(const QImage& image) const {
+    return startDetection([image, analyzers = m_analyzers](const CancellationCheck& isCancelled) {
+        return detectSensitiveText(image, analyzers, isCancelled);
+    });
+}
+
+std::vector<SensitiveTextDetector::TextMatch> SensitiveTextDetector::matches(const QString& line) {
+    std::vector<TextMatch> matches;
+    for (const TextPatterns::Rule& rule : TextPatterns::rules()) {
+        for (const TextRange range : rule.expression.ranges(line)) {
+            if (fallsOnCharacters(line, range) &&
+                rule.validator(QStringView(line).mid(range.location, range.length)))
+                matches.push_back({range, rule.kind});
+        }
+    }
+    return matches;
+}
+
+std::vector<SensitiveTextDetector::TextMatch>
+SensitiveTextDetector::dataDetectorMatches(const QString& line, const DataDetector& detector) {
+    std::vector<TextMatch> matches;
+    for (const DataMatch& match : detector.matches(line))
+        matches.push_back({match.range, kindOf(match)});
+    return matches;
+}
+
+std::vector<SensitiveTextDetector::TextMatch> SensitiveTextDetector::nameMatches(const QString& line,
+                                                                                 const NameTagger& tagger) {
+    std::vector<TextMatch> matches;
+    for (const TextRange range : tagger.personalNames(line))
+        matches.push_back({range, SensitiveKind::name});
+    return matches;
+}
+
+SensitiveRegions SensitiveTextDetector::removingDuplicates(SensitiveRegions regions) {
+    std::ranges::stable_sort(regions, std::greater(),
+                             [](const SensitiveRegion& region) { return region.normalizedRect().area(); });
+    SensitiveRegions kept;
+    for (const SensitiveRegion& region : regions) {
+        const NormalizedRect& rect = region.normalizedRect();
+        const bool isDuplicate = std::ranges::any_of(kept, [&](const SensitiveRegion& larger) {
+            const double common = rect.intersected(larger.normalizedRect()).area();
+            return common > 0 &&
+                   common / std::min(rect.area(), larger.normalizedRect().area()) > duplicateShare;
+        });
+        if (!isDuplicate)
+            kept.push_back(region);
+    }
+    return kept;
+}
+
+} // namespace Veilshot

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "VeilshotCore/Analysis/DataDetector.h"
+#include "VeilshotCore/Analysis/NameTagger.h"
+#include "VeilshotCore/Analysis/TextRecognizer.h"
+#include "VeilshotCore/Detection/DetectionTask.h"
+
+#include <QImage>
+#include <memory>
+
+namespace Veilshot {
+
+/// Finds the sensitive text of a screenshot. A line that carries a label ("Name:") is sensitive as a whole;
+/// every other line is searched with the rules of TextPatterns, for links, phone numbers and addresses, and
+/// for the names of people.
+class SensitiveTextDetector {
+public:
+    /// A hit within one line of text.
+    struct TextMatch {
+        TextRange range;
+        SensitiveKind kind;
+
+        friend bool operator==(const TextMatch&, const TextMatch&) = default;
+    };
+
+    /// What the detector asks; shared, because engines and word lists are built once per process.
+    struct Analyzers {
+        std::shared_ptr<const TextRecognizer> textRecognizer;
+        std::shared_ptr<const DataDetector> dataDetector;
+        std::shared_ptr<const NameTagger> nameTagger;
+
+        /// The real ones.
+        static Analyzers shared();
+    };
+
+    explicit SensitiveTextDetector(Analyzers analyzers = Analyzers::shared());
+
+    /// Scans a Format_RGBA8888 bitmap of any size on a background worker. The regions are ordered by
+    /// decreasing area and freed of near-duplicates; there may be none. Cancel the future to stop the worker
+    /// at the next line.
+    QFuture<DetectionOutcome> detect(const QImage& image) const;
+
+    /// Every accepted match of the rule table, rule by rule, each in text order. Matches may overlap.
+    static std::vector<TextMatch> matches(const QString& line);
+    static std::vector<TextMatch> dataDetectorMatches(const QString& line, const DataDetector& detector);
+    static std::vector<TextMatch> nameMatches(const QString& line, const NameTagger& tagger);
+
+    /// The regions by decreasing area without those of which more than 80 % lie inside a larger kept one,
+    /// whatever its kind. Of equal areas the one found first comes first.
+    static SensitiveRegions removingDuplicates(SensitiveRegions regions);
+
+private:
+    Analyzers m_analyzers;
+};
+
+} // namespace Veilshot
