@@ -1,0 +1,98 @@
+#include "Veilshot/App/CommandLine.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using testing::Contains;
+using testing::Not;
+
+namespace Veilshot {
+namespace {
+
+auto parse(const QString& arguments) {
+    return parseCommandLine((u"veilshot "_s + arguments).split(u' '));
+}
+
+ScanRequest request(const QString& arguments) {
+    const auto parsed = parse(arguments);
+    if (const auto* answer = std::get_if<CommandLineAnswer>(&parsed)) {
+        ADD_FAILURE() << answer->text.toStdString();
+        return {};
+    }
+    return std::get<ScanRequest>(parsed);
+}
+
+TEST(CommandLine, ProtectsSmoothlyAtEighteenUnlessToldOtherwise) {
+    const ScanRequest plain = request(u"protect a.png -o b.png"_s);
+    EXPECT_EQ(plain.action, ScanRequest::Action::protect);
+    EXPECT_EQ(plain.images, QStringList{u"a.png"_s});
+    EXPECT_EQ(plain.output, u"b.png");
+    EXPECT_EQ(plain.style, RedactionStyle::smooth);
+    EXPECT_EQ(plain.intensity, 18);
+    EXPECT_EQ(plain.kinds.size(), 10u);
+    EXPECT_FALSE(plain.isJsonReportWanted);
+
+    const ScanRequest full = request(u"protect --style pixelate --intensity 24.5 --only name,email --json "
+                                     u"--regions r.json --output-dir out a.png b.png"_s);
+    EXPECT_EQ(full.images, (QStringList{u"a.png"_s, u"b.png"_s}));
+    EXPECT_EQ(full.style, RedactionStyle::pixelate);
+    EXPECT_EQ(full.intensity, 24.5);
+    EXPECT_EQ(full.outputDirectory, u"out");
+    EXPECT_EQ(full.regionsFile, u"r.json");
+    EXPECT_TRUE(full.isJsonReportWanted);
+}
+
+TEST(CommandLine, SelectsKinds) {
+    using Kinds = std::set<SensitiveKind>;
+    EXPECT_EQ(request(u"detect --only name,email a.png"_s).kinds,
+              (Kinds{SensitiveKind::custom, SensitiveKind::email, SensitiveKind::name}));
+    EXPECT_EQ(request(u"detect a.png --only name,email --except email,custom"_s).kinds,
+              Kinds{SensitiveKind::name});
+    EXPECT_THAT(request(u"detect a.png --except person"_s).kinds, Not(Contains(SensitiveKind::person)));
+}
+
+TEST(CommandLine, TakesTheStandardStreamsForFiles) {
+    const ScanRequest piped = request(u"protect - -o -"_s);
+    EXPECT_TRUE(piped.readsStandardInput());
+    EXPECT_EQ(piped.output, standardStream);
+}
+
+TEST(CommandLine, RefusesMistakesWithExitCodeTwoAndNamesThem) {
+    struct Row {
+        QString arguments;
+        QString named;
+    };
+    const Row rows[] = {
+        {u"protect a.png"_s, u"-o FILE"_s},
+        {u"protect a.png -o b.png --output-dir out"_s, u"--output-dir"_s},
+        {u"protect a.png b.png -o c.png"_s, u"--output-dir"_s},
+        {u"protect a.png -o - --json"_s, u"--json"_s},
+        {u"protect - - --output-dir out"_s, u"Standard input"_s},
+        {u"protect a.png -o b.png --style mosaic"_s, u"mosaic"_s},
+        {u"protect a.png -o b.png --intensity 0"_s, u"intensity"_s},
+        {u"protect a.png -o b.png --intensity nan"_s, u"intensity"_s},
+        {u"protect a.png -o b.png --intensity much"_s, u"intensity"_s},
+        {u"detect a.png --only Email"_s, u"Email"_s},
+        {u"detect a.png --except name,face"_s, u"face"_s},
+        {u"detect"_s, u"IMAGE"_s},
+        {u"detect a.png -o b.png"_s, u"-o"_s},
+        {u"inspect a.png"_s, u"subcommand"_s},
+    };
+    for (const Row& row : rows) {
+        const auto parsed = parse(row.arguments);
+        const auto* answer = std::get_if<CommandLineAnswer>(&parsed);
+        ASSERT_TRUE(answer) << row.arguments.toStdString();
+        EXPECT_EQ(answer->exitCode, 2) << row.arguments.toStdString();
+        EXPECT_TRUE(answer->text.contains(row.named)) << answer->text.toStdString();
+    }
+}
+
+TEST(CommandLine, ExplainsItselfOnRequest) {
+    const auto parsed = parse(u"protect --help"_s);
+    const auto& answer = std::get<CommandLineAnswer>(parsed);
+    EXPECT_EQ(answer.exitCode, 0);
+    EXPECT_TRUE(answer.text.contains(u"--intensity"));
+}
+
+} // namespace
+} // namespace Veilshot
