@@ -48,13 +48,13 @@ struct SearchJob {
     std::vector<QRect> avatars;
 };
 
-/// Calls `work` for every item, on all processors and on the calling thread.
+/// Calls `work` for every item, on all processors; the calling thread waits.
 template<typename Items, typename Work>
 void forEachInParallel(Items& items, const Work& work) {
     // Neither the application's thread pool, whose threads may all be waiting for this very call, nor
     // OpenCV's, which would change its settings for everyone.
     QThreadPool threads;
-    threads.setMaxThreadCount(static_cast<int>(std::thread::hardware_concurrency()) - 1);
+    threads.setMaxThreadCount(std::max(1, static_cast<int>(std::thread::hardware_concurrency())));
     QtConcurrent::blockingMap(&threads, items, work);
 }
 
