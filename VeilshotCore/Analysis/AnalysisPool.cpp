@@ -1,17 +1,23 @@
 #include "VeilshotCore/Analysis/AnalysisPool.h"
 
-#include <QThread>
+#include <QException>
 #include <QThreadPool>
-#include <algorithm>
 
 namespace Veilshot {
 
 QThreadPool& analysisPool() {
-    struct Pool : QThreadPool {
-        Pool() { setMaxThreadCount(std::max(1, QThread::idealThreadCount() - 1)); }
-    };
-    static Pool pool;
+    static QThreadPool pool;
     return pool;
+}
+
+std::exception_ptr withoutQtWrapper(std::exception_ptr thrown) {
+    try {
+        std::rethrow_exception(thrown);
+    } catch (const QUnhandledException& wrapper) {
+        return wrapper.exception() ? wrapper.exception() : thrown;
+    } catch (...) {
+        return thrown;
+    }
 }
 
 } // namespace Veilshot

@@ -1,12 +1,17 @@
 #pragma once
 
+#include <exception>
+
 class QThreadPool;
 
 namespace Veilshot {
 
-/// The workers that help a thread with one image, for QtConcurrent's blocking functions: these let the
-/// calling thread work too, so that together they occupy every core. Separate from the pool that the callers
-/// run in, whose threads may all be waiting here at once.
+/// The workers that share the work on an image among all cores, for QtConcurrent's blocking functions. Separate
+/// from the pools that their callers run in, whose threads may all be waiting here at once; nothing that runs
+/// here waits for more work of this pool.
 QThreadPool& analysisPool();
+
+/// What was thrown by work in a pool, without the exception that Qt wraps around it on the way to the caller.
+std::exception_ptr withoutQtWrapper(std::exception_ptr thrown);
 
 } // namespace Veilshot

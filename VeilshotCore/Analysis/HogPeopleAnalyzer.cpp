@@ -1,5 +1,6 @@
 #include "VeilshotCore/Analysis/HogPeopleAnalyzer.h"
 
+#include "VeilshotCore/Analysis/AnalysisPool.h"
 #include "VeilshotCore/Analysis/AvatarSearch.h"
 #include "VeilshotCore/Analysis/BodyEstimate.h"
 #include "VeilshotCore/Analysis/FaceConfidence.h"
@@ -9,12 +10,9 @@
 #include "VeilshotCore/Analysis/GreyPixels.h"
 #include "VeilshotCore/Analysis/PhotoRegions.h"
 
-#include <QException>
 #include <QMutex>
-#include <QThreadPool>
 #include <QtConcurrentMap>
 #include <opencv2/imgproc.hpp>
-#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -47,16 +45,6 @@ struct SearchJob {
     std::vector<FaceCandidate> candidates;
     std::vector<QRect> avatars;
 };
-
-/// Calls `work` for every item, on all processors; the calling thread waits.
-template<typename Items, typename Work>
-void forEachInParallel(Items& items, const Work& work) {
-    // Neither the application's thread pool, whose threads may all be waiting for this very call, nor
-    // OpenCV's, which would change its settings for everyone.
-    QThreadPool threads;
-    threads.setMaxThreadCount(std::max(1, static_cast<int>(std::thread::hardware_concurrency())));
-    QtConcurrent::blockingMap(&threads, items, work);
-}
 
 double area(const QRectF& rect) {
     return rect.width() * rect.height();
@@ -146,18 +134,15 @@ PersonObservation observation(const QRectF& box, double confidence, QSize image)
 /// The sentence for whatever a library has thrown.
 AnalysisError searchFailure(const std::exception_ptr& thrown) {
     try {
-        std::rethrow_exception(thrown);
-    } catch (const QUnhandledException& inThread) {
-        if (inThread.exception())
-            return searchFailure(inThread.exception());
+        std::rethrow_exception(withoutQtWrapper(thrown));
     } catch (const std::bad_alloc&) {
         return {u"There is not enough memory to look for people in this picture."_s};
     } catch (const std::exception& exception) {
         return {u"This picture could not be searched for people (%1)."_s.arg(
             QString::fromLocal8Bit(exception.what()).simplified())};
     } catch (...) {
+        return {u"This picture could not be searched for people."_s};
     }
-    return {u"This picture could not be searched for people."_s};
 }
 
 } // namespace
@@ -225,7 +210,7 @@ AnalysisOutcome<PeopleObservations> HogPeopleAnalyzer::search(const QImage& imag
     m_verifiers->giveBack(std::get<std::unique_ptr<FaceVerifier>>(std::move(firstVerifier)));
 
     std::vector<SearchJob> jobs = plannedJobs(photos);
-    forEachInParallel(jobs, [&](SearchJob& job) {
+    QtConcurrent::blockingMap(&analysisPool(), jobs, [&](SearchJob& job) {
         if (isCancelled())
             return;
         if (job.faces)
@@ -243,7 +228,7 @@ AnalysisOutcome<PeopleObservations> HogPeopleAnalyzer::search(const QImage& imag
     std::vector<Face> faces;
     for (const FaceCandidate& candidate : distinctFaces(std::move(candidates)))
         faces.push_back({candidate, 0});
-    forEachInParallel(faces, [&](Face& face) {
+    QtConcurrent::blockingMap(&analysisPool(), faces, [&](Face& face) {
         if (!isCancelled())
             face.confidence = confidence(image, face.candidate);
     });

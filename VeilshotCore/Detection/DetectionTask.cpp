@@ -1,5 +1,7 @@
 #include "VeilshotCore/Detection/DetectionTask.h"
 
+#include "VeilshotCore/Analysis/AnalysisPool.h"
+
 #include <QPromise>
 #include <QThreadPool>
 #include <QtConcurrent>
@@ -18,15 +20,26 @@ QThreadPool& detectionPool() {
     return pool;
 }
 
+AnalysisError failureMessage(const std::exception_ptr& thrown) {
+    try {
+        std::rethrow_exception(withoutQtWrapper(thrown));
+    } catch (const std::bad_alloc&) {
+        return {u"There is not enough memory to scan this image."_s};
+    } catch (const std::exception& exception) {
+        return {u"This image could not be scanned (%1)."_s.arg(
+            QString::fromLocal8Bit(exception.what()).simplified())};
+    } catch (...) {
+        return {u"This image could not be scanned."_s};
+    }
+}
+
 /// The analyzers stand on libraries that throw when memory runs out; nothing may leave the worker.
 DetectionOutcome runGuarded(const std::function<DetectionOutcome(const CancellationCheck&)>& detection,
                             const CancellationCheck& isCancelled) {
     try {
         return detection(isCancelled);
-    } catch (const std::bad_alloc&) {
-        return AnalysisError{u"There is not enough memory to scan this image."_s};
-    } catch (const std::exception& error) {
-        return AnalysisError{QString::fromUtf8(error.what())};
+    } catch (...) {
+        return failureMessage(std::current_exception());
     }
 }
 
