@@ -106,9 +106,9 @@ QString frenchAddress() {
 // Denmark, Norway, Sweden, Germany: the number follows the street
 
 const QString streetEnding =
-    u"veje?n?|gade[nrs]?|gyden?|pladsen|plads|torv(?:et)?|strædet?|vænget?|bakken|toften?|stien|(?<!hri)sti|"
-    u"kajen?"
-    u"|draget|svinget|krogen|skrænten|gården|marken|engen|lunden|dalen|leddet|(?:ster|mose|kær|eng)led|haven"
+    u"veje?n?|gade[nrs]?|gyden?|pladsen|plads|torv(?:et)?|strædet?|vænget?|bakken|toften?|stien"
+    u"|(?<!hri)sti|kajen?|draget|svinget|krogen|skrænten|gården|marken|engen|lunden|dalen|leddet|(?:ster|"
+    u"mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
     u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|straße"
     u"|strasse|str\\.|weg|platz|gasse|damm|ufer"_s;
