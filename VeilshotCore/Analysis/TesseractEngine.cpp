@@ -38,6 +38,21 @@ void keepOpenMpOff() {
     omp_set_max_active_levels(0);
 }
 
+std::vector<TesseractEngine::Symbol> symbolsOf(tesseract::TessBaseAPI& api) {
+    std::vector<TesseractEngine::Symbol> symbols;
+    const std::unique_ptr<tesseract::ResultIterator> result(api.GetIterator());
+    if (!result || result->Empty(tesseract::RIL_SYMBOL))
+        return symbols;
+    do {
+        const std::unique_ptr<const char[]> text(result->GetUTF8Text(tesseract::RIL_SYMBOL));
+        int left = 0, top = 0, right = 0, bottom = 0;
+        if (text && result->BoundingBox(tesseract::RIL_SYMBOL, &left, &top, &right, &bottom))
+            symbols.push_back({QString::fromUtf8(text.get()), QRectF(left, top, right - left, bottom - top),
+                               result->IsAtBeginningOf(tesseract::RIL_WORD)});
+    } while (result->Next(tesseract::RIL_SYMBOL));
+    return symbols;
+}
+
 bool shouldStop(void* isCancelled, int) {
     return (*static_cast<const CancellationCheck*>(isCancelled))();
 }
@@ -72,8 +87,8 @@ AnalysisOutcome<std::unique_ptr<TesseractEngine>> TesseractEngine::create() {
     return std::unique_ptr<TesseractEngine>(new TesseractEngine(std::move(api)));
 }
 
-std::vector<TesseractEngine::Symbol> TesseractEngine::read(const QImage& page,
-                                                           const CancellationCheck& isCancelled) {
+AnalysisOutcome<std::vector<TesseractEngine::Symbol>>
+TesseractEngine::read(const QImage& page, const CancellationCheck& isCancelled) {
     keepOpenMpOff();
     tesseract::TessBaseAPI& api = m_api->tesseract;
     api.SetImage(page.constBits(), page.width(), page.height(), 1, static_cast<int>(page.bytesPerLine()));
@@ -81,21 +96,11 @@ std::vector<TesseractEngine::Symbol> TesseractEngine::read(const QImage& page,
     tesseract::ETEXT_DESC monitor;
     monitor.cancel = shouldStop;
     monitor.cancel_this = const_cast<CancellationCheck*>(&isCancelled);
-    std::vector<Symbol> symbols;
-    if (api.Recognize(&monitor) == 0) {
-        const std::unique_ptr<tesseract::ResultIterator> result(api.GetIterator());
-        if (result && !result->Empty(tesseract::RIL_SYMBOL)) {
-            do {
-                const std::unique_ptr<const char[]> text(result->GetUTF8Text(tesseract::RIL_SYMBOL));
-                int left = 0, top = 0, right = 0, bottom = 0;
-                if (text && result->BoundingBox(tesseract::RIL_SYMBOL, &left, &top, &right, &bottom))
-                    symbols.push_back({QString::fromUtf8(text.get()),
-                                       QRectF(left, top, right - left, bottom - top),
-                                       result->IsAtBeginningOf(tesseract::RIL_WORD)});
-            } while (result->Next(tesseract::RIL_SYMBOL));
-        }
-    }
+    const bool isRead = api.Recognize(&monitor) == 0;
+    std::vector<Symbol> symbols = isRead ? symbolsOf(api) : std::vector<Symbol>();
     api.Clear(); // the page is somebody's screenshot: nothing of it stays behind in a warm engine
+    if (!isRead && !isCancelled())
+        return AnalysisError{u"The text of this image could not be read."_s};
     return symbols;
 }
 

@@ -7,12 +7,15 @@
 
 #include <QThread>
 #include <QtConcurrent>
+#include <new>
 
 namespace Veilshot {
 
 AnalysisOutcome<std::vector<RecognizedLine>>
 TesseractTextRecognizer::recognize(const QImage& image, const CancellationCheck& isCancelled) const {
     const QImage bitmap = image.convertedTo(QImage::Format_RGBA8888);
+    if (bitmap.isNull() && !image.isNull())
+        throw std::bad_alloc();
     const std::vector<TextSegment> segments = findTextSegments(bitmap, isCancelled);
     const std::vector<RecognitionSheet> sheets = planSheets(segments, QThread::idealThreadCount());
 
@@ -25,9 +28,11 @@ TesseractTextRecognizer::recognize(const QImage& image, const CancellationCheck&
             if (const auto* error = std::get_if<AnalysisError>(&taken))
                 return *error;
             auto& engine = std::get<std::unique_ptr<TesseractEngine>>(taken);
-            auto symbols = sheet.distribute(engine->read(sheet.draw(), isCancelled));
+            const auto read = engine->read(sheet.draw(), isCancelled);
             giveBack(std::move(engine));
-            return symbols;
+            if (const auto* error = std::get_if<AnalysisError>(&read))
+                return *error;
+            return sheet.distribute(std::get<std::vector<TesseractEngine::Symbol>>(read));
         });
     if (isCancelled())
         return std::vector<RecognizedLine>();

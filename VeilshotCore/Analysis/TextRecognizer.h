@@ -41,7 +41,7 @@ public:
 
     /// Takes a bitmap of any size in Format_RGBA8888. A line is what a person would read as one. Blocks until
     /// done, for seconds on a large picture; never call it on the main thread. May be called from several
-    /// threads at once.
+    /// threads at once. Throws std::bad_alloc when memory runs out; the detectors turn it into an error.
     virtual AnalysisOutcome<std::vector<RecognizedLine>>
     recognize(const QImage& image, const CancellationCheck& isCancelled) const = 0;
 };
