@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Rebuilds VeilshotCore/Analysis/Data/NameLexicon.txt, the list behind the name tagger.
+"""Rebuilds VeilshotCore/Analysis/NameTagging/Data/NameLexicon.txt, the list behind the name tagger.
 
     tools/build-name-lexicon.py LISTS --scowl DIR --danish FILE [--census DIR] [--usage FILE ...]
 
@@ -18,7 +18,7 @@ import pathlib
 import re
 import unicodedata
 
-OUTPUT = pathlib.Path(__file__).resolve().parent.parent / "VeilshotCore/Analysis/Data/NameLexicon.txt"
+OUTPUT = pathlib.Path(__file__).resolve().parent.parent / "VeilshotCore/Analysis/NameTagging/Data/NameLexicon.txt"
 SPECIAL = str.maketrans({"æ": "ae", "ø": "o", "å": "aa", "ß": "ss", "đ": "d", "ð": "d", "þ": "th", "ł": "l",
                          "ı": "i", "œ": "oe", "'": "", "’": "", "`": "", "ʻ": ""})
 FLAG_ORDER = "FfLlPcwxdr"

@@ -1,6 +1,6 @@
 #include "VeilshotCore/Detection/PeopleDetector.h"
 
-#include "VeilshotCore/Analysis/HogPeopleAnalyzer.h"
+#include "VeilshotCore/Analysis/PeopleSearch/HogPeopleAnalyzer.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "VeilshotCore/Detection/SensitiveTextDetector.h"
 
-#include "VeilshotCore/Analysis/ListNameTagger.h"
-#include "VeilshotCore/Analysis/StandardDataDetector.h"
-#include "VeilshotCore/Analysis/TesseractTextRecognizer.h"
+#include "VeilshotCore/Analysis/NameTagging/ListNameTagger.h"
+#include "VeilshotCore/Analysis/DataDetection/StandardDataDetector.h"
+#include "VeilshotCore/Analysis/TextRecognition/TesseractTextRecognizer.h"
 #include "VeilshotCore/Detection/TextPatterns.h"
 
 #include <algorithm>

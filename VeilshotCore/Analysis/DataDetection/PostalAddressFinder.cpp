@@ -1,0 +1,122 @@
+#include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
+
+#include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
+#include "VeilshotCore/Analysis/DataDetection/PostalAddressGrammar.h"
+
+#include <QString>
+#include <algorithm>
+#include <array>
+
+namespace Veilshot {
+
+namespace {
+
+/// How far the name of a house or a flat may stand before its street.
+constexpr qsizetype leftReach = 160;
+
+TextRange united(TextRange first, TextRange second) {
+    const qsizetype start = std::min(first.location, second.location);
+    return {start, std::max(first.end(), second.end()) - start};
+}
+
+/// A number from 1900 to 2099 is a year, except in front of the two cities that have these postcodes. In
+/// lower case the short towns are words (ringe, varde).
+bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
+    constexpr qsizetype shortestLowercaseTown = 6;
+    const auto [prefix, postcode, first, second] =
+        std::array{match.groups[0], match.groups[1], match.groups[2], match.groups[3]};
+    const QStringView town = line.sliced(first.location, first.length);
+    if (town[0].isLower() && town.size() < shortestLowercaseTown)
+        return false;
+    if (prefix.location >= 0)
+        return true;
+    const int number = line.sliced(postcode.location, postcode.length).toInt();
+    if (number >= 1900 && number < 2100)
+        return town.startsWith(u"frederiksberg", Qt::CaseInsensitive) ||
+               town.startsWith(u"københavn", Qt::CaseInsensitive);
+    return isDanishTown(town) ||
+           (second.location >= 0 && isDanishTown(line.sliced(first.location, second.end() - first.location)));
+}
+
+std::vector<TextRange> anchors(QStringView line, const PostalAddressGrammar& grammar) {
+    std::vector<TextRange> anchors;
+    for (const RegularExpression& expression : grammar.anchors)
+        std::ranges::copy(expression.ranges(line), std::back_inserter(anchors));
+    for (const auto& match : grammar.danishPlace.matches(line)) {
+        if (isDanishPlace(line, match))
+            anchors.push_back(match.range);
+    }
+    std::ranges::sort(anchors, {}, [](TextRange range) { return std::pair(range.location, range.length); });
+    return anchors;
+}
+
+qsizetype longestMatchEnd(QStringView line, qsizetype at, const std::vector<RegularExpression>& expressions) {
+    qsizetype end = at;
+    for (const RegularExpression& expression : expressions) {
+        if (const auto match = expression.matchAt(line, at))
+            end = std::max(end, match->range.end());
+    }
+    return end;
+}
+
+/// Where the address goes on to after `end`; `end` itself when it does not.
+qsizetype nextEnd(QStringView line, qsizetype end, const PostalAddressGrammar& grammar) {
+    const qsizetype part = std::max(longestMatchEnd(line, end, grammar.continuations),
+                                    longestMatchEnd(line, end, grammar.places));
+    if (part > end)
+        return part;
+    if (const auto area = grammar.area.matchAt(line, end)) {
+        const qsizetype areaEnd = area->range.end();
+        return longestMatchEnd(line, areaEnd, grammar.places) > areaEnd ? areaEnd : end;
+    }
+    const auto lastArea = grammar.lastArea.matchAt(line, end);
+    return lastArea ? lastArea->range.end() : end;
+}
+
+TextRange grownRight(QStringView line, TextRange address, const PostalAddressGrammar& grammar) {
+    for (;;) {
+        const qsizetype end = nextEnd(line, address.end(), grammar);
+        if (end == address.end())
+            return address;
+        address.length = end - address.location;
+    }
+}
+
+TextRange grownLeft(QStringView line, TextRange address, const PostalAddressGrammar& grammar) {
+    const qsizetype from = std::max<qsizetype>(0, address.location - leftReach);
+    const QStringView before = line.sliced(from, address.location - from);
+    for (const RegularExpression* expression : {&grammar.precedingUnit, &grammar.precedingHouse}) {
+        if (const auto match = expression->firstMatch(before))
+            return united(address, {from + match->groups[0].location, match->groups[0].length});
+    }
+    return address;
+}
+
+/// Whether two addresses are parts of one, told apart by no more than a comma.
+bool areOne(QStringView line, TextRange first, TextRange second) {
+    if (second.location <= first.end())
+        return true;
+    return std::ranges::all_of(line.sliced(first.end(), second.location - first.end()),
+                               [](QChar character) { return character == u',' || character.isSpace(); });
+}
+
+} // namespace
+
+std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
+    if (std::ranges::none_of(line, [](QChar character) { return character.isDigit(); }))
+        return {};
+    const PostalAddressGrammar& grammar = PostalAddressGrammar::shared();
+    std::vector<TextRange> addresses;
+    for (TextRange address : anchors(line, grammar)) {
+        if (!addresses.empty() && address.end() <= addresses.back().end())
+            continue;
+        address = grownLeft(line, grownRight(line, address, grammar), grammar);
+        if (!addresses.empty() && areOne(line, addresses.back(), address))
+            addresses.back() = united(addresses.back(), address);
+        else
+            addresses.push_back(address);
+    }
+    return addresses;
+}
+
+} // namespace Veilshot

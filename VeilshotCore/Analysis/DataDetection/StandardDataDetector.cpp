@@ -1,0 +1,17 @@
+#include "VeilshotCore/Analysis/DataDetection/StandardDataDetector.h"
+
+#include <algorithm>
+
+namespace Veilshot {
+
+std::vector<DataMatch> StandardDataDetector::matches(const QString& line) const {
+    std::vector<DataMatch> matches = m_links.find(line);
+    for (const TextRange range : m_phoneNumbers.find(line))
+        matches.push_back({DataMatch::Type::phoneNumber, range, {}});
+    for (const TextRange range : m_postalAddresses.find(line))
+        matches.push_back({DataMatch::Type::address, range, {}});
+    std::ranges::stable_sort(matches, {}, [](const DataMatch& match) { return match.range.location; });
+    return matches;
+}
+
+} // namespace Veilshot

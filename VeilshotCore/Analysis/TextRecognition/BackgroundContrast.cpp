@@ -1,0 +1,190 @@
+#include "VeilshotCore/Analysis/TextRecognition/BackgroundContrast.h"
+
+#include "VeilshotCore/Analysis/TextRecognition/DisjointSets.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <opencv2/imgproc.hpp>
+#include <vector>
+
+namespace Veilshot {
+
+namespace {
+
+/// Neighbours whose channels differ by no more belong to one area: this bridges gradients and the quiet parts
+/// of JPEG pictures, but no edge of a letter.
+constexpr int sameColourTolerance = 2;
+
+/// An area with a bounding box and a surface above these is no letter.
+constexpr long largeBoxSurface = 60'000;
+constexpr int largeSurface = 4'000;
+
+/// Smaller areas are background when they enclose letters: a badge has several holes, a letter at most two.
+constexpr int leastEnclosedHoles = 3;
+constexpr int leastHoleSurface = 6;
+constexpr int leastBadgeSurface = 250;
+constexpr int leastBadgeWidth = 20;
+constexpr int leastBadgeHeight = 9;
+
+/// Beyond this many pixels from any flat area there is no telling which background a pixel has.
+constexpr float farFromBackground = 80;
+constexpr int localMeanSide = 51;
+
+struct Area {
+    int surface = 0;
+    int left = INT_MAX, top = INT_MAX, right = -1, bottom = -1;
+
+    cv::Rect box() const { return {left, top, right - left + 1, bottom - top + 1}; }
+};
+
+struct Areas {
+    cv::Mat labels; ///< CV_32S, index into `list`
+    std::vector<Area> list;
+};
+
+bool hasSameColour(const cv::Vec3b& first, const cv::Vec3b& second) {
+    return std::abs(first[0] - second[0]) <= sameColourTolerance &&
+           std::abs(first[1] - second[1]) <= sameColourTolerance &&
+           std::abs(first[2] - second[2]) <= sameColourTolerance;
+}
+
+/// The 4-connected areas of nearly equal colour.
+Areas findAreas(const cv::Mat& colours) {
+    Areas areas;
+    areas.labels.create(colours.size(), CV_32S);
+    DisjointSets sets;
+    for (int y = 0; y < colours.rows; ++y) {
+        const auto* row = colours.ptr<cv::Vec3b>(y);
+        const auto* rowAbove = y > 0 ? colours.ptr<cv::Vec3b>(y - 1) : nullptr;
+        int* labels = areas.labels.ptr<int>(y);
+        const int* labelsAbove = y > 0 ? areas.labels.ptr<int>(y - 1) : nullptr;
+        for (int x = 0; x < colours.cols; ++x) {
+            const bool joinsLeft = x > 0 && hasSameColour(row[x], row[x - 1]);
+            const bool joinsAbove = rowAbove && hasSameColour(row[x], rowAbove[x]);
+            if (joinsLeft) {
+                labels[x] = labels[x - 1];
+                if (joinsAbove && labelsAbove[x] != labels[x])
+                    sets.join(labels[x], labelsAbove[x]);
+            } else {
+                labels[x] = joinsAbove ? labelsAbove[x] : sets.add();
+            }
+        }
+    }
+    std::vector<int> dense(sets.size(), -1);
+    for (int y = 0; y < colours.rows; ++y) {
+        int* labels = areas.labels.ptr<int>(y);
+        for (int x = 0; x < colours.cols; ++x) {
+            int& index = dense[sets.find(labels[x])];
+            if (index < 0) {
+                index = static_cast<int>(areas.list.size());
+                areas.list.emplace_back();
+            }
+            labels[x] = index;
+            Area& area = areas.list[index];
+            ++area.surface;
+            area.left = std::min(area.left, x);
+            area.right = std::max(area.right, x);
+            area.top = std::min(area.top, y);
+            area.bottom = y;
+        }
+    }
+    return areas;
+}
+
+int enclosedHoles(const cv::Mat& labels, int index, const cv::Rect& box) {
+    cv::Mat holeLabels;
+    cv::Mat stats;
+    cv::Mat centroids;
+    const cv::Mat outside = labels(box) != index;
+    const int count = cv::connectedComponentsWithStats(outside, holeLabels, stats, centroids, 8);
+    int enclosed = 0;
+    for (int hole = 1; hole < count; ++hole) {
+        const int* stat = stats.ptr<int>(hole);
+        const int left = stat[cv::CC_STAT_LEFT];
+        const int top = stat[cv::CC_STAT_TOP];
+        const bool touchesEdge = left == 0 || top == 0 || left + stat[cv::CC_STAT_WIDTH] == box.width ||
+                                 top + stat[cv::CC_STAT_HEIGHT] == box.height;
+        if (!touchesEdge && stat[cv::CC_STAT_AREA] >= leastHoleSurface)
+            ++enclosed;
+    }
+    return enclosed;
+}
+
+bool isBackground(const Areas& areas, int index) {
+    const Area& area = areas.list[index];
+    const cv::Rect box = area.box();
+    if (area.surface < leastBadgeSurface || box.width < leastBadgeWidth || box.height < leastBadgeHeight)
+        return false;
+    if (static_cast<long>(box.width) * box.height > largeBoxSurface)
+        return area.surface > largeSurface; // otherwise the thin outline of a box
+    return enclosedHoles(areas.labels, index, box) >= leastEnclosedHoles;
+}
+
+/// 0 on background pixels, 255 elsewhere.
+cv::Mat foregroundMask(const cv::Mat& colours) {
+    const Areas areas = findAreas(colours);
+    std::vector<uchar> mask(areas.list.size());
+    for (std::size_t index = 0; index < mask.size(); ++index)
+        mask[index] = isBackground(areas, static_cast<int>(index)) ? 0 : 255;
+    cv::Mat foreground(colours.size(), CV_8U);
+    for (int y = 0; y < colours.rows; ++y) {
+        const int* labels = areas.labels.ptr<int>(y);
+        uchar* row = foreground.ptr(y);
+        for (int x = 0; x < colours.cols; ++x)
+            row[x] = mask[labels[x]];
+    }
+    return foreground;
+}
+
+} // namespace
+
+cv::Mat backgroundContrast(const cv::Mat& colours) {
+    const cv::Mat foreground = foregroundMask(colours);
+    cv::Mat contrast(colours.size(), CV_8U, cv::Scalar(0));
+
+    // With DIST_LABEL_PIXEL every background pixel has a label of its own, which all pixels nearest to it
+    // share.
+    const bool hasBackground = cv::countNonZero(foreground) < static_cast<int>(foreground.total());
+    cv::Mat distance;
+    cv::Mat nearest;
+    std::vector<cv::Vec3b> backgroundColours;
+    if (hasBackground) {
+        cv::distanceTransform(foreground, distance, nearest, cv::DIST_L2, cv::DIST_MASK_5,
+                              cv::DIST_LABEL_PIXEL);
+        backgroundColours.resize(foreground.total() + 1);
+        for (int y = 0; y < colours.rows; ++y) {
+            const uchar* isForeground = foreground.ptr(y);
+            const int* labels = nearest.ptr<int>(y);
+            const auto* row = colours.ptr<cv::Vec3b>(y);
+            for (int x = 0; x < colours.cols; ++x) {
+                if (!isForeground[x])
+                    backgroundColours[labels[x]] = row[x];
+            }
+        }
+    }
+    cv::Mat localMean;
+    const auto background = [&](int x, int y) {
+        if (hasBackground && distance.at<float>(y, x) <= farFromBackground)
+            return backgroundColours[nearest.at<int>(y, x)];
+        if (localMean.empty())
+            cv::boxFilter(colours, localMean, -1, {localMeanSide, localMeanSide});
+        return localMean.at<cv::Vec3b>(y, x);
+    };
+    for (int y = 0; y < colours.rows; ++y) {
+        const uchar* isForeground = foreground.ptr(y);
+        const auto* row = colours.ptr<cv::Vec3b>(y);
+        uchar* out = contrast.ptr(y);
+        for (int x = 0; x < colours.cols; ++x) {
+            if (!isForeground[x])
+                continue;
+            const cv::Vec3b around = background(x, y);
+            out[x] =
+                static_cast<uchar>(std::max({std::abs(row[x][0] - around[0]), std::abs(row[x][1] - around[1]),
+                                             std::abs(row[x][2] - around[2])}));
+        }
+    }
+    return contrast;
+}
+
+} // namespace Veilshot

@@ -1,0 +1,151 @@
+#include "VeilshotCore/Analysis/TextRecognition/LineReading.h"
+
+#include "VeilshotCore/Analysis/TextRecognition/InkColumns.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+
+namespace {
+
+/// Blanks between words are at least this wide, as a share of the line's ink height. Signs that join the
+/// parts of a token stand in wider gaps, in fonts of fixed width above all, and so do the dots of an address
+/// already begun. (On the ink of 12 screenshots, real blanks began at 0.176, blanks read into tokens ended at
+/// 0.154; beside joining signs at 0.286, in addresses at 0.357.)
+constexpr double narrowestBlank = 0.16;
+constexpr double narrowestBlankBesideSign = 0.3;
+constexpr double narrowestBlankInAddress = 0.4;
+
+/// A value belongs to the label before it up to this distance, in heights of the label.
+constexpr double farthestValue = 16;
+
+using Symbols = std::vector<TesseractEngine::Symbol>;
+
+double narrowestBlankBetween(const QString& word, QChar last, QChar next) {
+    const bool isAddress = word.contains(u"://") || word.contains(u'@') || word.startsWith(u"www.");
+    if (isAddress && (last == u'.' || next == u'.'))
+        return narrowestBlankInAddress;
+    if (u"_/@="_s.contains(last) || u"_/@=:"_s.contains(next))
+        return narrowestBlankBesideSign;
+    return narrowestBlank;
+}
+
+/// Whether the ink confirms the blank that was read between the word so far and `next`.
+bool isBlankBetween(const QString& word, const TesseractEngine::Symbol& previous,
+                    const TesseractEngine::Symbol& next, const InkColumns& columns, int height) {
+    if (word.isEmpty() || next.text.isEmpty())
+        return true;
+    return columns.widestBlank(previous.box.center().x(), next.box.center().x()) >=
+           narrowestBlankBetween(word, word.back(), next.text.front()) * height;
+}
+
+/// With the underscores that the recognizer left out.
+Symbols withUnderscores(const Symbols& recognized, const InkColumns& columns, int height) {
+    Symbols symbols = recognized;
+    for (const ColumnRun& run : columns.underscores()) {
+        const bool isRead = std::ranges::any_of(symbols, [&](const TesseractEngine::Symbol& symbol) {
+            return symbol.text == u"_" &&
+                   std::abs(symbol.box.center().x() - run.centre()) < 0.8 * run.width();
+        });
+        if (isRead)
+            continue;
+        const auto next = std::ranges::find_if(symbols, [&](const TesseractEngine::Symbol& symbol) {
+            return symbol.box.center().x() > run.centre();
+        });
+        const QRectF box(run.begin, 0, run.width(), height);
+        if (next != symbols.begin() && next != symbols.end())
+            symbols.insert(next, {u"_"_s, box, false});
+    }
+    return symbols;
+}
+
+bool isBeside(const SegmentReading& label, const SegmentReading& value) {
+    const QRect& left = label.box;
+    const QRect& right = value.box;
+    const int common = std::min(left.bottom(), right.bottom()) - std::max(left.top(), right.top()) + 1;
+    const int gap = right.left() - left.right();
+    return 2 * common >= std::min(left.height(), right.height()) && gap > 0 &&
+           gap <= farthestValue * left.height();
+}
+
+} // namespace
+
+SegmentReading readSegment(const TextSegment& segment, const Symbols& recognized) {
+    SegmentReading reading{{}, {}, segment.box};
+    const InkColumns columns(segment.ink);
+    const Symbols symbols = withUnderscores(recognized, columns, segment.ink.height());
+    QString word;
+    std::size_t wordBegin = 0;
+    const auto endWord = [&] {
+        if (wordBegin == reading.symbols.size())
+            return;
+        QRectF ink;
+        for (std::size_t index = wordBegin; index < reading.symbols.size(); ++index)
+            ink |= reading.symbols[index].box;
+        const RowRun rows = columns.inkRows(ink.left(), ink.right());
+        for (std::size_t index = wordBegin; index < reading.symbols.size(); ++index) {
+            QRectF& box = reading.symbols[index].box;
+            box = QRectF(box.x(), rows.begin, box.width(), rows.end - rows.begin)
+                      .translated(segment.box.topLeft());
+        }
+        wordBegin = reading.symbols.size();
+        word.clear();
+    };
+    const TesseractEngine::Symbol* previous = nullptr;
+    for (const TesseractEngine::Symbol& symbol : symbols) {
+        if (previous && symbol.beginsWord &&
+            isBlankBetween(word, *previous, symbol, columns, segment.ink.height())) {
+            endWord();
+            reading.text += u' ';
+        }
+        reading.symbols.push_back({{reading.text.size(), symbol.text.size()}, symbol.box});
+        reading.text += symbol.text;
+        word += symbol.text;
+        previous = &symbol;
+    }
+    endWord();
+    return reading;
+}
+
+std::vector<RecognizedLine> assembleLines(const std::vector<SegmentReading>& readings, QSize image) {
+    std::vector<std::optional<std::size_t>> valueOf(readings.size());
+    std::vector<bool> isValue(readings.size(), false);
+    for (std::size_t label = 0; label < readings.size(); ++label) {
+        if (!readings[label].text.endsWith(u':'))
+            continue;
+        std::optional<std::size_t> nearest;
+        for (std::size_t other = 0; other < readings.size(); ++other) {
+            if (!isValue[other] && !readings[other].text.isEmpty() &&
+                isBeside(readings[label], readings[other]) &&
+                (!nearest || readings[other].box.left() < readings[*nearest].box.left()))
+                nearest = other;
+        }
+        valueOf[label] = nearest;
+        if (nearest)
+            isValue[*nearest] = true;
+    }
+
+    std::vector<RecognizedLine> lines;
+    for (std::size_t first = 0; first < readings.size(); ++first) {
+        if (isValue[first] || readings[first].text.isEmpty())
+            continue;
+        QString text;
+        std::vector<RecognizedLine::Symbol> symbols;
+        for (std::optional<std::size_t> part = first; part; part = valueOf[*part]) {
+            if (!text.isEmpty())
+                text += u' ';
+            for (const SegmentReading::Symbol& symbol : readings[*part].symbols)
+                symbols.push_back({{symbol.range.location + text.size(), symbol.range.length},
+                                   NormalizedRect::fromPixels(symbol.box, image)});
+            text += readings[*part].text;
+        }
+        lines.emplace_back(std::move(text), std::move(symbols));
+    }
+    return lines;
+}
+
+} // namespace Veilshot

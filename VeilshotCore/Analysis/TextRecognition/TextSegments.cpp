@@ -1,0 +1,369 @@
+#include "VeilshotCore/Analysis/TextRecognition/TextSegments.h"
+
+#include "VeilshotCore/Analysis/AnalysisPool.h"
+#include "VeilshotCore/Analysis/TextRecognition/BackgroundContrast.h"
+#include "VeilshotCore/Analysis/TextRecognition/DisjointSets.h"
+
+#include <QtConcurrent>
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <opencv2/imgproc.hpp>
+
+namespace Veilshot {
+
+namespace {
+
+/// Pixels that stand out less belong to the fringes of letters or to separators that nobody reads.
+constexpr int inkThreshold = 40;
+
+/// Text taller than this is drawn, not written.
+constexpr int tallestText = 160;
+constexpr int widestBlob = 900;
+constexpr int leastSegmentHeight = 5;
+constexpr int leastSegmentWidth = 3;
+
+/// Tiles overlap by more than the tallest text, so that every line is whole in the tile that holds its
+/// centre.
+constexpr int tileHeight = 1024;
+constexpr int tileWidth = 8192;
+constexpr int tileMargin = 192;
+
+/// Boxes are indexed by bands of this many rows.
+constexpr int bandHeight = 32;
+
+/// A connected piece of ink: a letter, a part of one, or several touching letters.
+struct Blob {
+    cv::Rect box;
+    int label = 0;
+};
+
+struct Ink {
+    cv::Mat contrast; ///< CV_8U
+    cv::Mat labels;   ///< CV_32S, 0 where there is no ink
+    std::vector<Blob> blobs;
+    /// By label: ink that no segment owns but that may be drawn with any, such as the dot of a full stop.
+    std::vector<bool> isSpeck;
+};
+
+using BlobIndices = std::vector<int>;
+
+bool isRule(const cv::Rect& box) {
+    const bool horizontal = box.height <= 3 && box.width >= 25 && box.width > 12 * box.height;
+    const bool vertical = box.width <= 3 && box.height >= 50;
+    return horizontal || vertical;
+}
+
+/// The pixels of a blob together with those that it encloses.
+int surfaceWithHoles(const cv::Mat& labels, int label, const cv::Rect& box) {
+    cv::Mat outside(box.height + 2, box.width + 2, CV_8U, cv::Scalar(1));
+    cv::Mat inner = outside(cv::Rect(1, 1, box.width, box.height));
+    inner.setTo(0, labels(box) == label);
+    cv::floodFill(outside, cv::Point(0, 0), 2);
+    return static_cast<int>(inner.total()) - cv::countNonZero(inner == 2);
+}
+
+/// Avatars, icons and buttons are filled but for what is written on them; a letter of that size is filled
+/// less, unless it is a heavy one like "M", which then has a ragged outline.
+bool isFilledShape(const cv::Mat& labels, int label, const cv::Rect& box, double fill) {
+    return box.height >= 18 && box.width >= 18 && fill > 0.6 &&
+           surfaceWithHoles(labels, label, box) > 0.72 * box.area();
+}
+
+/// The frame of a field or the curved edge of a bubble: a thin stroke around much emptiness.
+bool isOutline(const cv::Rect& box, int surface, double fill) {
+    const bool frame = box.width > 40 && box.height > 24 && fill < 0.12;
+    const bool bracket = box.height >= 30 && surface <= 2.2 * std::max(box.width, box.height);
+    return frame || bracket;
+}
+
+bool canBeText(const cv::Mat& labels, int label, const cv::Rect& box, int surface) {
+    const double fill = surface / (static_cast<double>(box.width) * box.height);
+    return box.height <= tallestText && box.width <= widestBlob && !isRule(box) &&
+           !isOutline(box, surface, fill) && !isFilledShape(labels, label, box, fill);
+}
+
+Ink findInk(const cv::Mat& colours) {
+    Ink ink;
+    ink.contrast = backgroundContrast(colours);
+    cv::Mat stats;
+    cv::Mat centroids;
+    const int count =
+        cv::connectedComponentsWithStats(ink.contrast >= inkThreshold, ink.labels, stats, centroids, 8);
+    ink.isSpeck.assign(count, false);
+    for (int label = 1; label < count; ++label) {
+        const int* stat = stats.ptr<int>(label);
+        const cv::Rect box(stat[cv::CC_STAT_LEFT], stat[cv::CC_STAT_TOP], stat[cv::CC_STAT_WIDTH],
+                           stat[cv::CC_STAT_HEIGHT]);
+        const int surface = stat[cv::CC_STAT_AREA];
+        ink.isSpeck[label] = surface < 3 && box.width < 3 && box.height < 3;
+        if (canBeText(ink.labels, label, box, surface))
+            ink.blobs.push_back({box, label});
+    }
+    return ink;
+}
+
+/// How far apart two pieces of one line may be, as a multiple of the taller one's height, and how much of the
+/// shorter one's height they must share.
+struct Adjacency {
+    double gap;
+    double overlap;
+};
+
+bool areAdjacent(const cv::Rect& left, const cv::Rect& right, const Adjacency& adjacency) {
+    const int shorter = std::min(left.height, right.height);
+    const int taller = std::max(left.height, right.height);
+    const int common = std::min(left.br().y, right.br().y) - std::max(left.y, right.y);
+    if (common < adjacency.overlap * shorter)
+        return false;
+    const int gap = right.x - left.br().x;
+    // A heading beside small print is not one line with it; a dash beside a capital is, and so is an accent
+    // above.
+    if (gap > 0 && taller > 3.2 * shorter && taller > 30 && shorter > 4)
+        return false;
+    return gap <= adjacency.gap * std::min(taller, 60);
+}
+
+/// Calls `join` for every pair of adjacent boxes.
+template<typename Join>
+void forAdjacentPairs(const std::vector<cv::Rect>& boxes, int rows, const Adjacency& adjacency, Join join) {
+    constexpr int farthest = 400;
+    constexpr std::size_t crowded = 64;
+    std::vector<int> order(boxes.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::ranges::sort(order, {}, [&](int index) { return boxes[index].x; });
+    std::vector<std::vector<int>> bands(rows / bandHeight + 1);
+    for (const int right : order) {
+        const cv::Rect& box = boxes[right];
+        const int firstBand = box.y / bandHeight;
+        const int lastBand = (box.br().y - 1) / bandHeight;
+        for (int band = firstBand; band <= lastBand; ++band) {
+            for (const int left : bands[band]) {
+                if (areAdjacent(boxes[left], box, adjacency))
+                    join(left, right);
+            }
+            if (bands[band].size() > crowded)
+                std::erase_if(bands[band], [&](int left) { return boxes[left].br().x < box.x - farthest; });
+            bands[band].push_back(right);
+        }
+    }
+}
+
+/// The blobs of one line and the box around them.
+struct Group {
+    BlobIndices blobs;
+    cv::Rect box;
+};
+
+std::vector<Group> groupsOf(DisjointSets& sets, const std::vector<Blob>& blobs) {
+    std::vector<Group> groups;
+    std::vector<int> groupOfSet(blobs.size(), -1);
+    for (int blob = 0; blob < sets.size(); ++blob) {
+        int& group = groupOfSet[sets.find(blob)];
+        if (group < 0) {
+            group = static_cast<int>(groups.size());
+            groups.push_back({{}, blobs[blob].box});
+        }
+        groups[group].blobs.push_back(blob);
+        groups[group].box |= blobs[blob].box;
+    }
+    return groups;
+}
+
+/// The groups by the bands of rows that they stand in, so that neighbours are found without asking everybody.
+class GroupBands {
+public:
+    GroupBands(const std::vector<Group>& groups, int rows) : m_bands(rows / bandHeight + 1) {
+        for (const Group& group : groups) {
+            for (int band = group.box.y / bandHeight; band <= (group.box.br().y - 1) / bandHeight; ++band)
+                m_bands[band].push_back(&group);
+        }
+    }
+
+    /// Calls `visit` for every group near the rows of `box`, for some more than once.
+    template<typename Visit>
+    void forNeighbours(const cv::Rect& box, Visit visit) const {
+        const int first = std::max(0, (box.y - tallestText / 3) / bandHeight);
+        const int last =
+            std::min(static_cast<int>(m_bands.size()) - 1, (box.br().y + tallestText / 3) / bandHeight);
+        for (int band = first; band <= last; ++band) {
+            for (const Group* group : m_bands[band])
+                visit(*group);
+        }
+    }
+
+private:
+    std::vector<std::vector<const Group*>> m_bands;
+};
+
+/// Dots and accents have no height in common with the letter that they belong to.
+void attachMarks(const std::vector<Group>& groups, int rows, DisjointSets& sets) {
+    constexpr int widestMark = 40;
+    constexpr int tallestMark = 20;
+    const GroupBands bands(groups, rows);
+    for (const Group& mark : groups) {
+        if (mark.box.height > tallestMark || mark.box.width > widestMark)
+            continue;
+        const Group* nearest = nullptr;
+        int nearestDistance = INT_MAX;
+        bands.forNeighbours(mark.box, [&](const Group& base) {
+            if (mark.box.height > 0.6 * base.box.height || mark.box.width > 1.2 * base.box.height ||
+                base.box.x > mark.box.br().x || base.box.br().x < mark.box.x)
+                return;
+            const int distance = std::max(base.box.y - mark.box.br().y, mark.box.y - base.box.br().y);
+            if (distance <= std::max(2, base.box.height / 3) && distance < nearestDistance) {
+                nearestDistance = distance;
+                nearest = &base;
+            }
+        });
+        if (nearest)
+            sets.join(mark.blobs.front(), nearest->blobs.front());
+    }
+}
+
+std::vector<Group> groupIntoLines(const Ink& ink) {
+    DisjointSets sets(static_cast<int>(ink.blobs.size()));
+    std::vector<cv::Rect> boxes;
+    for (const Blob& blob : ink.blobs)
+        boxes.push_back(blob.box);
+    forAdjacentPairs(boxes, ink.contrast.rows, {1.0, 0.5},
+                     [&](int left, int right) { sets.join(left, right); });
+    // Whole pieces know the line's height, which single letters do not: first close neighbours, then wider
+    // gaps.
+    for (const Adjacency adjacency : {Adjacency{0.6, 0.55}, Adjacency{1.0, 0.55}}) {
+        const std::vector<Group> groups = groupsOf(sets, ink.blobs);
+        boxes.clear();
+        for (const Group& group : groups)
+            boxes.push_back(group.box);
+        forAdjacentPairs(boxes, ink.contrast.rows, adjacency, [&](int left, int right) {
+            sets.join(groups[left].blobs.front(), groups[right].blobs.front());
+        });
+        attachMarks(groupsOf(sets, ink.blobs), ink.contrast.rows, sets);
+    }
+    return groupsOf(sets, ink.blobs);
+}
+
+bool canBeLine(const Group& group) {
+    const bool icon = group.blobs.size() == 1 && group.box.height > 30 && group.box.width > 30;
+    return group.box.height >= leastSegmentHeight && group.box.width >= leastSegmentWidth && !icon;
+}
+
+/// The contrast that all but the strongest twentieth of the group's ink stays below: the text's own colour.
+int fullContrast(const Ink& ink, const cv::Rect& box, const std::vector<bool>& isOwn) {
+    constexpr int leastContrast = 30;
+    std::array<int, 256> histogram{};
+    int total = 0;
+    for (int y = box.y; y < box.br().y; ++y) {
+        const int* labels = ink.labels.ptr<int>(y);
+        const uchar* contrast = ink.contrast.ptr(y);
+        for (int x = box.x; x < box.br().x; ++x) {
+            if (isOwn[labels[x]]) {
+                ++histogram[contrast[x]];
+                ++total;
+            }
+        }
+    }
+    int above = 0;
+    for (int value = 255; value > leastContrast; --value) {
+        above += histogram[value];
+        if (above * 20 > total)
+            return value;
+    }
+    return leastContrast;
+}
+
+/// `isOwn` is scratch space by label, all false before and after.
+QImage drawInk(const Ink& ink, const Group& group, std::vector<bool>& isOwn) {
+    for (const int blob : group.blobs)
+        isOwn[ink.blobs[blob].label] = true;
+    const double gain = 255.0 / fullContrast(ink, group.box, isOwn);
+    QImage image(group.box.width, group.box.height, QImage::Format_Grayscale8);
+    for (int y = 0; y < group.box.height; ++y) {
+        const int* labels = ink.labels.ptr<int>(group.box.y + y) + group.box.x;
+        const uchar* contrast = ink.contrast.ptr(group.box.y + y) + group.box.x;
+        uchar* out = image.scanLine(y);
+        for (int x = 0; x < group.box.width; ++x) {
+            const bool drawn = labels[x] == 0 || isOwn[labels[x]] || ink.isSpeck[labels[x]];
+            out[x] = drawn ? static_cast<uchar>(255 - std::min(255.0, contrast[x] * gain)) : 255;
+        }
+    }
+    for (const int blob : group.blobs)
+        isOwn[ink.blobs[blob].label] = false;
+    return image;
+}
+
+/// Over black or white, whichever the visible pixels stand out from.
+cv::Mat opaqueColours(const QImage& image, const QRect& area) {
+    cv::Mat colours(area.height(), area.width(), CV_8UC3);
+    qint64 weightedBrightness = 0;
+    qint64 weight = 0;
+    for (int y = 0; y < area.height(); ++y) {
+        const uchar* pixel = image.constScanLine(area.y() + y) + 4 * static_cast<qsizetype>(area.x());
+        for (int x = 0; x < area.width(); ++x, pixel += 4) {
+            weightedBrightness += static_cast<qint64>(pixel[1]) * pixel[3];
+            weight += pixel[3];
+        }
+    }
+    const bool isOpaque = weight == 255LL * area.width() * area.height();
+    const int behind = !isOpaque && weightedBrightness > 160 * weight ? 0 : 255;
+    for (int y = 0; y < area.height(); ++y) {
+        const uchar* pixel = image.constScanLine(area.y() + y) + 4 * static_cast<qsizetype>(area.x());
+        auto* out = colours.ptr<cv::Vec3b>(y);
+        for (int x = 0; x < area.width(); ++x, pixel += 4) {
+            for (int channel = 0; channel < 3; ++channel)
+                out[x][channel] =
+                    static_cast<uchar>((pixel[channel] * pixel[3] + behind * (255 - pixel[3]) + 127) / 255);
+        }
+    }
+    return colours;
+}
+
+struct Tile {
+    QRect core;
+    QRect area; ///< the core and its margins
+};
+
+std::vector<Tile> tilesOf(const QRect& image) {
+    std::vector<Tile> tiles;
+    for (int y = 0; y < image.height(); y += tileHeight) {
+        for (int x = 0; x < image.width(); x += tileWidth) {
+            const QRect core = QRect(x, y, tileWidth, tileHeight) & image;
+            const QRect area = core.adjusted(-tileMargin, -tileMargin, tileMargin, tileMargin) & image;
+            tiles.push_back({core, area});
+        }
+    }
+    return tiles;
+}
+
+std::vector<TextSegment> segmentsOfTile(const QImage& image, const Tile& tile) {
+    const Ink ink = findInk(opaqueColours(image, tile.area));
+    std::vector<bool> isOwn(ink.isSpeck.size());
+    std::vector<TextSegment> segments;
+    for (const Group& group : groupIntoLines(ink)) {
+        const QRect box = QRect(group.box.x, group.box.y, group.box.width, group.box.height)
+                              .translated(tile.area.topLeft());
+        if (canBeLine(group) && tile.core.contains(box.center()))
+            segments.push_back({box, drawInk(ink, group, isOwn)});
+    }
+    return segments;
+}
+
+} // namespace
+
+std::vector<TextSegment> findTextSegments(const QImage& image, const CancellationCheck& isCancelled) {
+    if (image.isNull())
+        return {};
+    const auto tiles = QtConcurrent::blockingMapped<std::vector<std::vector<TextSegment>>>(
+        &analysisPool(), tilesOf(image.rect()), [&](const Tile& tile) {
+            return isCancelled() ? std::vector<TextSegment>() : segmentsOfTile(image, tile);
+        });
+    std::vector<TextSegment> segments;
+    for (const std::vector<TextSegment>& tile : tiles)
+        segments.insert(segments.end(), tile.begin(), tile.end());
+    std::ranges::stable_sort(segments, {}, [](const TextSegment& segment) {
+        return std::pair(segment.box.center().y(), segment.box.x());
+    });
+    return segments;
+}
+
+} // namespace Veilshot

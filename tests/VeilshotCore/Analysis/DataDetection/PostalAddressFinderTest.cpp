@@ -1,0 +1,87 @@
+#include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
+#include "tests/VeilshotCore/Analysis/DataDetection/TextsOfRanges.h"
+
+#include <gmock/gmock.h>
+
+namespace Veilshot {
+namespace {
+
+std::vector<std::string> addressesIn(const std::string& utf8) {
+    const QString line = QString::fromStdString(utf8);
+    return textsOf(line, PostalAddressFinder().find(line));
+}
+
+TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
+    for (const char* line : {"Nørrebrogade 12, 2. tv, 2200 København N",
+                             "Bygaden 7B, st. th.",
+                             "2200 København N",
+                             "4660 Store Heddinge",
+                             "DK-8900 Randers",
+                             "Lille Strandstræde 9, 1., 1254 København K",
+                             "Øster Allé 48, 2100 Kbh. Ø",
+                             "Kirkestien 5, Ugelbølle, 8410 Rønde",
+                             "NØRREGADE 10, 1165 KØBENHAVN K",
+                             "nørrebrogade 12, 2200 københavn n",
+                             "Postboks 14, 4000 Roskilde",
+                             "221 Elm St Apt 4B, Springfield, IL 62704",
+                             "West Lonniecester, OR 41230-7009",
+                             "45 W 25th St, Floor 3, New York NY 10010",
+                             "Flat 2, 14 Rose Lane, Leeds LS1 4AP",
+                             "The Old Mill, 3 High Street, Bath BA1 5AW",
+                             "266 Golden Rapid, Murazik-Kutchcester, MI 29524-8843",
+                             "London SW1A 2AA",
+                             "P.O. Box 77",
+                             "55 King St W, Toronto, ON M5K 1A2",
+                             "15 Rue de Rivoli, 75001 Paris",
+                             "Hauptstraße 12, 10115 Berlin",
+                             "Storgatan 4, 111 51 Stockholm"})
+        EXPECT_EQ(addressesIn(line), std::vector<std::string>{line});
+}
+
+TEST(PostalAddressFinder, FindsAddressesInsideALine) {
+    struct Row {
+        const char* line;
+        std::vector<std::string> addresses;
+    };
+    const Row rows[] = {
+        {"Adr. Fasanvænget 31, 5260 Odense S", {"Fasanvænget 31, 5260 Odense S"}},
+        {"Kystvejen 55 – åbent til kl. 18", {"Kystvejen 55"}},
+        {"Bor på Ahornvej 17 og arbejder på Torvet 6.", {"Ahornvej 17", "Torvet 6"}},
+        {"Meet at 233 S Wacker Dr at noon", {"233 S Wacker Dr"}},
+        {"Home – 31 Maple Court, Salem, OR 97301", {"31 Maple Court, Salem, OR 97301"}},
+        {"Tirsdag 5. maj 2024, 8000 Aarhus C", {"8000 Aarhus C"}},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(addressesIn(row.line), row.addresses) << row.line;
+}
+
+TEST(PostalAddressFinder, LeavesOtherNumberedThingsAlone) {
+    for (const char* line : {"Main Street closed today",
+                             "3 Court cases",
+                             "5 Star Hotel View",
+                             "12 Flash Drive",
+                             "Genvej 5",
+                             "Brigade 4",
+                             "Plads 14",
+                             "3. sal",
+                             "Palle 12",
+                             "Motorvej E45",
+                             "Gågaden 100 kr.",
+                             "Route 66",
+                             "2024 Roskilde",
+                             "2024 Danmark",
+                             "5000 Points",
+                             "4000 kr. i Roskilde",
+                             "1200 ringe",
+                             "User ID 12345",
+                             "Status OK 20000",
+                             "Apple M2 8GB",
+                             "Level 3 Green Hill",
+                             "On Tuesday March 5, 2024 Boston",
+                             "2019–2024",
+                             "Order 10293847"})
+        EXPECT_EQ(addressesIn(line), std::vector<std::string>{}) << line;
+}
+
+} // namespace
+} // namespace Veilshot

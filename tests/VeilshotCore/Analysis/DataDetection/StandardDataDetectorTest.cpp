@@ -1,0 +1,43 @@
+#include "VeilshotCore/Analysis/DataDetection/StandardDataDetector.h"
+
+#include <QString>
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+namespace {
+
+using Type = DataMatch::Type;
+
+TEST(StandardDataDetector, ListsAllTypesInTextOrder) {
+    const QString phone = u"+45 20 12 34 56"_s;
+    const QString address = u"Vestergade 5, 5000 Odense C"_s;
+    const QString link = u"jane@example.com"_s;
+    const QString line = phone + u" | "_s + address + u" | "_s + link;
+    const std::vector<DataMatch> expected{
+        {Type::phoneNumber, {0, phone.size()}, {}},
+        {Type::address, {phone.size() + 3, address.size()}, {}},
+        {Type::link, {line.size() - link.size(), link.size()}, u"mailto:jane@example.com"_s},
+    };
+    EXPECT_EQ(StandardDataDetector().matches(line), expected);
+    EXPECT_EQ(StandardDataDetector().matches({}), std::vector<DataMatch>{});
+}
+
+TEST(StandardDataDetector, CountsRangesInUtf16BehindCharactersOfAnyWidth) {
+    const QString details[] = {u"+45 20 12 34 56"_s, u"example.com"_s, u"jane@example.com"_s,
+                               u"Nørrebrogade 12, 2200 København N"_s};
+    const QString loneSurrogate(QChar(0xD83D));
+    for (const QString& prefix :
+         {u"æøå – "_s, u"😀😀 – "_s, u"“hej” ’x’ – "_s, u"é – "_s, loneSurrogate + u" – "_s}) {
+        for (const QString& detail : details) {
+            const std::vector<DataMatch> matches = StandardDataDetector().matches(prefix + detail + u" 😀"_s);
+            ASSERT_EQ(matches.size(), 1u) << (prefix + detail).toStdString();
+            EXPECT_EQ(matches[0].range, (TextRange{prefix.size(), detail.size()}))
+                << (prefix + detail).toStdString();
+        }
+    }
+}
+
+} // namespace
+} // namespace Veilshot

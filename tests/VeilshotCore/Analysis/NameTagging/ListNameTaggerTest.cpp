@@ -1,0 +1,113 @@
+#include "VeilshotCore/Analysis/NameTagging/ListNameTagger.h"
+
+#include <QStringList>
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+namespace {
+
+QStringList namesIn(const QString& line) {
+    QStringList names;
+    for (const TextRange& range : ListNameTagger().personalNames(line))
+        names.append(line.mid(range.location, range.length));
+    return names;
+}
+
+/// A line and the names in it, separated by bars.
+struct Row {
+    const char16_t* line;
+    const char16_t* names;
+};
+
+class NamesInALine : public testing::TestWithParam<Row> {};
+
+TEST_P(NamesInALine, AreFoundAmongTheirDecoys) {
+    const auto [line, names] = GetParam();
+    const QStringList expected = QString::fromUtf16(names).split(u'|', Qt::SkipEmptyParts);
+    EXPECT_EQ(namesIn(QString::fromUtf16(line)).join(u'|').toStdString(), expected.join(u'|').toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(BareCells, NamesInALine,
+                         testing::Values(Row{u"Helena Whitfield", u"Helena Whitfield"},         //
+                                         Row{u"Quick Settings", u""},                           //
+                                         Row{u"Birgitte", u"Birgitte"},                         //
+                                         Row{u"Rød", u""},                                      //
+                                         Row{u"HELENA WHITFIELD", u"HELENA WHITFIELD"},         //
+                                         Row{u"SAVE CHANGES", u""},                             //
+                                         Row{u"Whitfield, Helena R.", u"Whitfield, Helena R."}, //
+                                         Row{u"Portland, OR", u""},                             //
+                                         Row{u"Anne-Mette af Rosen", u"Anne-Mette af Rosen"},   //
+                                         Row{u"Lake Victoria", u""},                            //
+                                         Row{u"Ludwig van der Berg", u"Ludwig van der Berg"},   //
+                                         Row{u"Charlotte", u""},                                //
+                                         Row{u"Robert F. Hughes Jr.", u"Robert F. Hughes Jr."}));
+
+INSTANTIATE_TEST_SUITE_P(Organisations, NamesInALine,
+                         testing::Values(Row{u"Jensen & Søn A/S", u""},         //
+                                         Row{u"Morgan Stanley", u""},           //
+                                         Row{u"Marks & Spencer", u""},          //
+                                         Row{u"Mads Holm A/S", u""},            //
+                                         Row{u"Emma & Oliver", u"Emma|Oliver"}, //
+                                         Row{u"Howard University", u""},        //
+                                         Row{u"Jackson Street 12", u""},        //
+                                         Row{u"Contact Oliver Brooks, Contoso Inc.", u"Oliver Brooks"}));
+
+INSTANTIATE_TEST_SUITE_P(Surroundings, NamesInALine,
+                         testing::Values(Row{u"Hi Rose, see you in May", u"Rose"},                    //
+                                         Row{u"He will grant you a wish", u""},                       //
+                                         Row{u"Meeting with Will moved to Friday", u"Will"},          //
+                                         Row{u"Mark all as read", u""},                               //
+                                         Row{u"Kære Xantippe,", u"Xantippe"},                         //
+                                         Row{u"Welcome Back", u""},                                   //
+                                         Row{u"Med venlig hilsen Bo", u"Bo"},                         //
+                                         Row{u"Log ind for at fortsætte", u""},                       //
+                                         Row{u"From: New York To: Boston", u""},                      //
+                                         Row{u"Assigned to Priya Sharma on Monday", u"Priya Sharma"}, //
+                                         Row{u"Dr. Stone and Mrs Field", u"Stone|Field"},             //
+                                         Row{u"9:30 Standup – Liam, Wei, Aisha", u"Liam|Wei|Aisha"},  //
+                                         Row{u"June July August", u""},                               //
+                                         Row{u"Omar’s iPhone", u"Omar"},                              //
+                                         Row{u"Mettes skærm", u"Mettes"},                             //
+                                         Row{u"Set af Freja og Rasmus", u"Freja|Rasmus"},             //
+                                         Row{u"tak mette det var dejligt", u"mette"},                 //
+                                         Row{u"@freja kan du se på den?", u""},                       //
+                                         Row{u"@Freja Lund kan du se på den?", u"Freja Lund"},        //
+                                         Row{u"Author: Liam Walsh <liam.walsh@example.com>",
+                                             u"Liam Walsh"}, //
+                                         Row{u"I'm not able to open it", u""}));
+
+INSTANTIATE_TEST_SUITE_P(MisreadLetters, NamesInALine,
+                         testing::Values(Row{u"Emi1y Carter", u"Emi1y Carter"},         //
+                                         Row{u"0livia Bennett", u"0livia Bennett"},     //
+                                         Row{u"Soren Kjaer", u"Soren Kjaer"},           //
+                                         Row{u"M1chael Thompson", u"M1chael Thompson"}, //
+                                         Row{u"Galaxy S24 Ultra", u""},                 //
+                                         Row{u"SHA-256 9f86d081884c7d65", u""}));
+
+TEST(ListNameTaggerTest, CountsOffsetsInUtf16WhateverStandsBeforeTheName) {
+    for (const QString& prefix :
+         {u""_s, u"👍🏽 "_s, u"“æøå” – "_s, u"👩‍👩‍👧 Påmindelse: "_s, u"𝔄 e\u0301 · "_s}) {
+        const QString line = prefix + u"Søren Kjær, 42"_s;
+        EXPECT_THAT(ListNameTagger().personalNames(line), testing::ElementsAre(TextRange{prefix.size(), 10}))
+            << line.toStdString();
+    }
+}
+
+TEST(ListNameTaggerTest, SurvivesLinesThatAreNoText) {
+    for (const QString& line :
+         {u""_s, u"  \t "_s, u"’s"_s, u"@"_s, u"Anna,"_s, u", Anna"_s, u"\xD83D Anna \xDC4D"_s,
+          QString(5000, u'.'), QString(5000, u'A'), u"Anna "_s.repeated(2000)}) {
+        qsizetype end = 0;
+        for (const TextRange& range : ListNameTagger().personalNames(line)) {
+            EXPECT_GE(range.location, end);
+            EXPECT_GT(range.length, 0);
+            end = range.end();
+        }
+        EXPECT_LE(end, line.size());
+    }
+}
+
+} // namespace
+} // namespace Veilshot

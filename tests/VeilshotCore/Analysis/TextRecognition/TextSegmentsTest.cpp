@@ -1,0 +1,100 @@
+#include "VeilshotCore/Analysis/TextRecognition/TextSegments.h"
+
+#include <QColor>
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+namespace {
+
+void fill(QImage& image, const QRect& rect, QColor colour) {
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = rect.left(); x <= rect.right(); ++x)
+            image.setPixelColor(x, y, colour);
+    }
+}
+
+/// A word of ten "letters": frames of 6 × 10 pixels with strokes of 2.
+QRect drawWord(QImage& image, const QPoint& position, QColor colour, QColor ground) {
+    for (int letter = 0; letter < 10; ++letter) {
+        const QRect outer(position + QPoint(9 * letter, 0), QSize(6, 10));
+        fill(image, outer, colour);
+        fill(image, outer.adjusted(2, 2, -2, -2), ground);
+    }
+    return {position, QSize(87, 10)};
+}
+
+QImage page(QSize size, QColor colour) {
+    QImage image(size, QImage::Format_RGBA8888);
+    image.fill(colour);
+    return image;
+}
+
+std::vector<QRect> boxes(const std::vector<TextSegment>& segments) {
+    std::vector<QRect> boxes;
+    for (const TextSegment& segment : segments)
+        boxes.push_back(segment.box);
+    return boxes;
+}
+
+bool isWanted() {
+    return false;
+}
+
+TEST(TextSegments, AreDarkOnWhiteWhateverTheirColours) {
+    QImage image = page({600, 400}, Qt::white);
+    const QRect sidebar(0, 0, 200, 400);
+    const QRect bubble(320, 200, 240, 60);
+    fill(image, sidebar, QColor(32, 33, 36));
+    fill(image, bubble, QColor(10, 120, 240));
+    const std::vector<QRect> words{
+        drawWord(image, {40, 50}, Qt::white, QColor(32, 33, 36)),
+        drawWord(image, {260, 50}, QColor(120, 120, 120), Qt::white),
+        drawWord(image, {360, 225}, Qt::white, QColor(10, 120, 240)),
+    };
+    const auto segments = findTextSegments(image, isWanted);
+    ASSERT_EQ(boxes(segments), words);
+    for (const TextSegment& segment : segments) {
+        EXPECT_EQ(segment.ink.size(), segment.box.size());
+        EXPECT_EQ(segment.ink.pixelColor(0, 5).lightness(), 0);   // a stroke
+        EXPECT_EQ(segment.ink.pixelColor(3, 5).lightness(), 255); // inside the first letter
+    }
+}
+
+TEST(TextSegments, KeepTheCellsOfARowApartAndLeaveOutRulesAndFilledShapes) {
+    QImage image = page({600, 200}, Qt::white);
+    fill(image, {20, 40, 560, 1}, Qt::gray);           // the table's rule
+    fill(image, {20, 60, 30, 30}, QColor(200, 80, 0)); // an avatar
+    const QRect first = drawWord(image, {60, 70}, Qt::black, Qt::white);
+    const QRect second = drawWord(image, {200, 70}, Qt::black, Qt::white);
+    EXPECT_EQ(boxes(findTextSegments(image, isWanted)), (std::vector{first, second}));
+}
+
+TEST(TextSegments, AreWholeWhereTilesMeetAndAppearOnce) {
+    QImage image = page({300, 2200}, Qt::white);
+    std::vector<QRect> words;
+    for (int y = 14; y < 2180; y += 60)
+        words.push_back(drawWord(image, {100, y}, Qt::black, Qt::white));
+    EXPECT_EQ(boxes(findTextSegments(image, isWanted)), words);
+}
+
+TEST(TextSegments, AreFoundOnTransparentPictures) {
+    for (const QColor colour : {QColor(Qt::white), QColor(Qt::black)}) {
+        QImage image = page({300, 100}, Qt::transparent);
+        const QRect word = drawWord(image, {100, 40}, colour, Qt::transparent);
+        EXPECT_EQ(boxes(findTextSegments(image, isWanted)), std::vector{word});
+    }
+}
+
+TEST(TextSegments, OfOddPicturesAreNone) {
+    EXPECT_TRUE(findTextSegments({}, isWanted).empty());
+    for (const QSize size : {QSize(1, 1), QSize(1, 20000), QSize(20000, 1), QSize(640, 480)})
+        EXPECT_TRUE(findTextSegments(page(size, Qt::blue), isWanted).empty());
+    QImage image = page({300, 100}, Qt::white);
+    drawWord(image, {100, 40}, Qt::black, Qt::white);
+    EXPECT_TRUE(findTextSegments(image, [] { return true; }).empty()); // cancelled
+}
+
+} // namespace
+} // namespace Veilshot
