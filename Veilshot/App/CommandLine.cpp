@@ -98,6 +98,14 @@ std::set<SensitiveKind> selectedKinds(const Arguments& arguments) {
     return kinds;
 }
 
+/// Many programs are told with "--json -" to report on standard output. Such a dash is an image only where
+/// there is no other, as in "detect --json - < shot.png".
+void dropReportTarget(QStringList& images, const QStringList& arguments) {
+    const qsizetype dash = arguments.indexOf(u"--json"_s) + 1;
+    if (dash > 0 && dash < arguments.size() && arguments[dash] == standardStream && images.size() > 1)
+        images.removeAt(images.lastIndexOf(standardStream));
+}
+
 /// Why the arguments do not go together, or an empty text.
 QString contradiction(const ScanRequest& request) {
     if (request.images.count(standardStream) > 1)
@@ -163,6 +171,7 @@ std::variant<ScanRequest, CommandLineAnswer> parseCommandLine(const QStringList&
     ScanRequest request;
     request.action = protect->parsed() ? ScanRequest::Action::protect : ScanRequest::Action::detect;
     request.images = toStrings(parsed.images);
+    dropReportTarget(request.images, arguments);
     request.output = QString::fromStdString(parsed.output);
     request.outputDirectory = QString::fromStdString(parsed.outputDirectory);
     request.style = redactionStyleFromRawValue(QString::fromStdString(parsed.style)).value();

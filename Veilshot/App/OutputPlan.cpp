@@ -2,8 +2,9 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 #include <filesystem>
-#include <map>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -28,25 +29,29 @@ QString resultName(const QString& image) {
     return name + u".png"_s;
 }
 
+/// The first of `files` that is the file `path` too, or nothing.
+std::optional<QString> findSame(const QString& path, const QStringList& files) {
+    const auto found = std::ranges::find_if(files, [&](const QString& file) {
+        return path != standardStream && file != standardStream && !file.isEmpty() && isSameFile(path, file);
+    });
+    return found == files.end() ? std::nullopt : std::optional(*found);
+}
+
 } // namespace
 
 std::variant<QStringList, QString> planOutputs(const ScanRequest& request) {
     QStringList outputs;
-    std::map<QString, QString> imageOfOutput;
     for (const QString& image : request.images) {
         const QString output = request.outputDirectory.isEmpty()
                                    ? request.output
                                    : QDir(request.outputDirectory).filePath(resultName(image));
-        const auto [taken, isNew] = imageOfOutput.emplace(output, image);
-        if (!isNew)
-            return u"%1 and %2 would both be written to %3"_s.arg(taken->second, image, output);
+        if (const auto taken = findSame(output, outputs))
+            return u"two results would be the same file: %1, %2"_s.arg(*taken, output);
+        if (findSame(output, request.images))
+            return u"%1 is one of the images; choose another file for the result"_s.arg(output);
+        if (findSame(output, {request.regionsFile}))
+            return u"%1 is the file of areas; choose another file for the result"_s.arg(output);
         outputs.push_back(output);
-    }
-    for (const QString& output : outputs) {
-        for (const QString& image : request.images) {
-            if (output != standardStream && image != standardStream && isSameFile(output, image))
-                return u"%1 is the image itself; choose another file for the result"_s.arg(output);
-        }
     }
     return outputs;
 }

@@ -7,13 +7,13 @@
 #include "Veilshot/App/StandardStreams.h"
 #include "Veilshot/Platform/ImageDecoder.h"
 #include "Veilshot/Platform/PngFile.h"
+#include "Veilshot/Platform/RegularFile.h"
 #include "VeilshotCore/Detection/PeopleDetector.h"
 #include "VeilshotCore/Detection/SensitiveTextDetector.h"
 #include "VeilshotCore/Rendering/ScreenshotRedactor.h"
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QThreadPool>
 #include <QtConcurrent>
 #include <algorithm>
@@ -89,7 +89,8 @@ std::optional<QString> writeProtected(const Scan& scan, const QImage& bitmap, co
     if (output == standardStream)
         return StandardStreams::writeOutput(png)
                    ? std::nullopt
-                   : std::optional(u"the protected image could not be written to standard output"_s);
+                   : std::optional(u"%1: the protected image could not be written to standard output"_s.arg(
+                         report.image));
     return PngFile::writeAtomically(output, png);
 }
 
@@ -118,6 +119,8 @@ ScanOutcome scanImageGuarded(const Scan& scan, const QString& image, const QStri
         return scanImage(scan, image, output);
     } catch (const std::bad_alloc&) {
         return u"%1: there is not enough memory for this image"_s.arg(image);
+    } catch (const std::exception& exception) {
+        return u"%1: %2"_s.arg(image, QString::fromLocal8Bit(exception.what()));
     }
 }
 
@@ -144,12 +147,13 @@ private:
 };
 
 std::variant<SensitiveRegions, QString> readRegions(const QString& path) {
+    constexpr qint64 largestFile = 16'000'000;
     if (path.isEmpty())
         return SensitiveRegions();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return u"%1: %2"_s.arg(path, file.errorString());
-    auto regions = parseRegions(file.readAll());
+    const auto bytes = readRegularFile(path, largestFile);
+    if (const auto* reason = std::get_if<QString>(&bytes))
+        return u"%1: %2"_s.arg(path, *reason);
+    auto regions = parseRegions(std::get<QByteArray>(bytes));
     if (const auto* mistake = std::get_if<QString>(&regions))
         return u"%1: %2"_s.arg(path, *mistake);
     return regions;
@@ -178,7 +182,8 @@ int reportAll(const ScanRequest& request, QList<QFuture<ScanOutcome>>& scans) {
         if (request.isJsonReportWanted)
             isWritten = StandardStreams::writeOutput(toJson(report) + '\n');
         else if (request.output != standardStream)
-            isWritten = StandardStreams::writeOutput(summary(report).toUtf8() + '\n');
+            isWritten =
+                StandardStreams::writeOutput(StandardStreams::printable(summary(report)).toUtf8() + '\n');
         if (!isWritten) {
             StandardStreams::writeErrorLine(u"%1: the report could not be written"_s.arg(report.image));
             exitCode = exitSomeImageFailed;
@@ -203,7 +208,8 @@ int runScan(const ScanRequest& request) {
     if (!request.outputDirectory.isEmpty() && !QDir().mkpath(request.outputDirectory))
         return refuse(u"%1: the folder cannot be created"_s.arg(request.outputDirectory));
 
-    const Scan scan{request, std::get<SensitiveRegions>(std::move(ownRegions)), SensitiveTextDetector(),
+    const Scan scan{request, std::get<SensitiveRegions>(std::move(ownRegions)),
+                    SensitiveTextDetector(SensitiveTextDetector::Analyzers::shared(), request.kinds),
                     PeopleDetector(), ScreenshotRedactor()};
     // A scan occupies every core by itself for most of its time; a second one beside it fills the gaps. More
     // would only multiply the bitmaps and engines in memory.

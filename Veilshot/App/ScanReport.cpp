@@ -36,9 +36,9 @@ QString summary(const ScanReport& report) {
     if (counts.isEmpty())
         return u"%1: nothing found"_s.arg(report.image);
     const auto total = report.regions.size();
-    return u"%1: %2 %3 (%4)"_s.arg(report.image)
-        .arg(total)
-        .arg(total == 1 ? u"area"_s : u"areas"_s, counts.join(u", "_s));
+    // In one call, so that a "%" in the file's name stays what it is.
+    return u"%1: %2 %3 (%4)"_s.arg(report.image, QString::number(total), total == 1 ? u"area"_s : u"areas"_s,
+                                   counts.join(u", "_s));
 }
 
 } // namespace Veilshot

@@ -23,6 +23,14 @@ bool write(std::FILE* stream, const QByteArray& bytes) {
 
 } // namespace
 
+QString printable(QString text) {
+    for (QChar& character : text) {
+        if (character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return text;
+}
+
 QByteArray readInput(qint64 limit) {
     QFile input;
     QByteArray bytes;
@@ -47,7 +55,7 @@ void writeError(const QString& text) {
 }
 
 void writeErrorLine(const QString& text) {
-    writeError(u"veilshot: "_s + text + u'\n');
+    writeError(u"veilshot: "_s + printable(text) + u'\n');
 }
 
 bool isErrorTerminal() {

@@ -13,7 +13,10 @@ QByteArray readInput(qint64 limit);
 bool writeOutput(const QByteArray& bytes);
 
 void writeError(const QString& text);
-/// "veilshot: ", the text and a line break.
+/// The text with blanks for line breaks and escapes: the name of a file may hold any of them.
+QString printable(QString text);
+
+/// "veilshot: ", the text in one line and a line break.
 void writeErrorLine(const QString& text);
 
 /// Whether a person is likely to watch standard error.

@@ -3,15 +3,37 @@
 #include "Veilshot/App/StandardStreams.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <algorithm>
+#include <clocale>
 
 using namespace Qt::StringLiterals;
 using namespace Veilshot;
+
+namespace {
+
+/// Qt would go on with another file name than the one given.
+bool areArgumentsText(int argc, char** argv) {
+    return std::all_of(argv, argv + argc, [](const char* argument) {
+        return QFile::encodeName(QFile::decodeName(argument)) == QByteArrayView(argument);
+    });
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"Veilshot"_s);
     QCoreApplication::setApplicationVersion(u"" VEILSHOT_VERSION ""_s);
 
+    // Qt has just taken over the user's locale; numbers on the command line and in the libraries' files have
+    // points.
+    std::setlocale(LC_NUMERIC, "C");
+
+    if (!areArgumentsText(argc, argv)) {
+        StandardStreams::writeErrorLine(u"An argument is not valid text in this locale's encoding."_s);
+        return exitWrongUsage;
+    }
     const auto parsed = parseCommandLine(QCoreApplication::arguments());
     if (const auto* answer = std::get_if<CommandLineAnswer>(&parsed)) {
         if (answer->exitCode == exitDone)

@@ -4,19 +4,14 @@
 #include "Veilshot/Platform/HeifReader.h"
 #include "Veilshot/Platform/PluginReader.h"
 #include "Veilshot/Platform/PngReader.h"
+#include "Veilshot/Platform/RegularFile.h"
 
 #include <QColorSpace>
-#include <QFile>
 #include <QImageReader>
 #include <QLoggingCategory>
-#include <cerrno>
 #include <cstring>
-#include <fcntl.h>
 #include <new>
-#include <sys/stat.h>
-#include <system_error>
 #include <tiffio.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -46,51 +41,16 @@ ImageError error(const QString& name, const QString& reason) {
     return {printable + u": "_s + reason};
 }
 
-QString reasonFor(int errorNumber) {
-    switch (errorNumber) {
-    case ENOENT:
-    case ENOTDIR:
-        return u"there is no such file"_s;
-    case EACCES:
-    case EPERM:
-        return u"permission denied"_s;
-    case ENXIO:
-        return u"not a regular file"_s;
-    default:
-        return u"the file cannot be read (%1)"_s.arg(
-            QString::fromStdString(std::generic_category().message(errorNumber)));
+/// Pixels that nobody sees carry no colour: below a transparent picture of a text the text itself would go
+/// on.
+void clearInvisible(QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        uchar* pixel = image.scanLine(y);
+        for (int x = 0; x < image.width(); ++x, pixel += 4) {
+            if (pixel[3] == 0)
+                pixel[0] = pixel[1] = pixel[2] = 0;
+        }
     }
-}
-
-/// The bytes of the file, or the reason why there are none.
-std::variant<QByteArray, QString> contents(const QString& path) {
-    if (path.contains(QChar::Null))
-        return reasonFor(ENOENT);
-    // Opened before it is asked what it is, so that nobody can put something else in its place in between;
-    // without blocking, because opening a pipe would wait for someone to write into it.
-    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
-        return reasonFor(errno);
-    QFile file;
-    if (!file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle)) {
-        ::close(descriptor);
-        return file.errorString();
-    }
-    struct stat status = {};
-    if (::fstat(descriptor, &status) != 0)
-        return reasonFor(errno);
-    if (S_ISDIR(status.st_mode))
-        return u"this is a folder, not an image"_s;
-    if (!S_ISREG(status.st_mode))
-        return reasonFor(ENXIO);
-    if (status.st_size == 0)
-        return u"the file is empty"_s;
-    if (status.st_size > ImageDecoder::maximumFileSize)
-        return u"the file is larger than 1 gigabyte"_s;
-    QByteArray bytes = file.read(status.st_size);
-    if (bytes.isEmpty())
-        return u"the file cannot be read (%1)"_s.arg(file.errorString());
-    return bytes;
 }
 
 ReaderOutcome read(const QByteArray& bytes) {
@@ -117,7 +77,7 @@ QImage withoutTexts(const QImage& image) {
 } // namespace
 
 DecodedImage ImageDecoder::decodeFile(const QString& path) try {
-    const auto bytes = contents(path);
+    const auto bytes = readRegularFile(path, maximumFileSize);
     if (const QString* reason = std::get_if<QString>(&bytes))
         return error(path, *reason);
     return decodeBytes(std::get<QByteArray>(bytes), path);
@@ -126,6 +86,8 @@ DecodedImage ImageDecoder::decodeFile(const QString& path) try {
 }
 
 DecodedImage ImageDecoder::decodeBytes(const QByteArray& bytes, const QString& name) try {
+    if (bytes.size() > maximumFileSize)
+        return error(name, u"this is more than 1 gigabyte of data"_s);
     ReaderOutcome outcome = read(bytes);
     if (const DecodingFailure* failure = std::get_if<DecodingFailure>(&outcome))
         return error(name, failure->message());
@@ -140,7 +102,10 @@ DecodedImage ImageDecoder::decodeBytes(const QByteArray& bytes, const QString& n
 QImage ImageDecoder::toBitmap(QImage image) {
     if (image.isNull())
         return image;
+    const bool hasAlpha = image.hasAlphaChannel();
     image.convertTo(QImage::Format_RGBA8888);
+    if (hasAlpha)
+        clearInvisible(image);
     const QColorSpace colorSpace = image.colorSpace();
     if (colorSpace.isValid()) {
         if (colorSpace != QColorSpace(QColorSpace::SRgb))

@@ -3,6 +3,7 @@
 #include <QIODevice>
 #include <QImageReader>
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace Veilshot {
@@ -43,9 +44,11 @@ private:
     bool m_readAcrossTheEnd = false;
 };
 
-/// Drawings and documents have no pixels of their own, and may refer to other files.
+/// Drawings and documents have no pixels of their own; they may refer to other files or start programs.
 bool isPicture(const QByteArray& format) {
-    return !format.isEmpty() && format != "svg" && format != "svgz" && format != "pdf";
+    constexpr std::array documents{"svg", "svgz", "pdf", "eps", "epsf", "epsi", "ps"};
+    return !format.isEmpty() &&
+           std::ranges::none_of(documents, [&](const char* document) { return format == document; });
 }
 
 } // namespace

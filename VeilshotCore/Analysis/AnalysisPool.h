@@ -1,17 +1,12 @@
 #pragma once
 
-#include <exception>
-
 class QThreadPool;
 
 namespace Veilshot {
 
-/// The workers that share the work on an image among all cores, for QtConcurrent's blocking functions. Separate
-/// from the pools that their callers run in, whose threads may all be waiting here at once; nothing that runs
-/// here waits for more work of this pool.
+/// The workers that share the work on an image among all cores, for QtConcurrent's blocking functions.
+/// Separate from the pools that their callers run in, whose threads may all be waiting here at once; nothing
+/// that runs here waits for more work of this pool.
 QThreadPool& analysisPool();
-
-/// What was thrown by work in a pool, without the exception that Qt wraps around it on the way to the caller.
-std::exception_ptr withoutQtWrapper(std::exception_ptr thrown);
 
 } // namespace Veilshot

@@ -1,11 +1,11 @@
 #include "VeilshotCore/Detection/DetectionTask.h"
 
-#include "VeilshotCore/Analysis/AnalysisPool.h"
-
+#include <QCoreApplication>
+#include <QException>
 #include <QPromise>
 #include <QThreadPool>
-#include <QtConcurrent>
-#include <exception>
+#include <atomic>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -13,11 +13,32 @@ namespace Veilshot {
 
 namespace {
 
+std::atomic<bool> isApplicationEnding = false;
+
 /// A pool of its own: a detection mostly waits for the analyzers' workers, and must neither hold up nor be
 /// held up by whatever else the program runs in the global pool.
 QThreadPool& detectionPool() {
-    static QThreadPool pool;
+    static QThreadPool& pool = [&]() -> QThreadPool& {
+        // A detection that still runs must not see the process's objects go one after the other.
+        qAddPostRoutine([] {
+            isApplicationEnding = true;
+            detectionPool().clear();
+            detectionPool().waitForDone();
+        });
+        return *new QThreadPool;
+    }();
     return pool;
+}
+
+/// What was thrown by work in a pool, without the exception that Qt wraps around it on the way to the caller.
+std::exception_ptr withoutQtWrapper(const std::exception_ptr& thrown) {
+    try {
+        std::rethrow_exception(thrown);
+    } catch (const QUnhandledException& wrapper) {
+        return wrapper.exception() ? wrapper.exception() : thrown;
+    } catch (...) {
+        return thrown;
+    }
 }
 
 AnalysisError failureMessage(const std::exception_ptr& thrown) {
@@ -33,7 +54,7 @@ AnalysisError failureMessage(const std::exception_ptr& thrown) {
     }
 }
 
-/// The analyzers stand on libraries that throw when memory runs out; nothing may leave the worker.
+/// The analyzers and the libraries that they stand on may throw; nothing may leave the worker.
 DetectionOutcome runGuarded(const std::function<DetectionOutcome(const CancellationCheck&)>& detection,
                             const CancellationCheck& isCancelled) {
     try {
@@ -47,11 +68,16 @@ DetectionOutcome runGuarded(const std::function<DetectionOutcome(const Cancellat
 
 QFuture<DetectionOutcome>
 startDetection(std::function<DetectionOutcome(const CancellationCheck&)> detection) {
-    return QtConcurrent::run(
-        &detectionPool(), [detection = std::move(detection)](QPromise<DetectionOutcome>& promise) {
-            DetectionOutcome outcome = runGuarded(detection, [&] { return promise.isCanceled(); });
-            promise.addResult(std::move(outcome));
-        });
+    // Not QtConcurrent::run: who waits for its future may be handed the queued work to run himself.
+    const auto promise = std::make_shared<QPromise<DetectionOutcome>>();
+    promise->start();
+    detectionPool().start([promise, detection = std::move(detection)] {
+        if (!promise->isCanceled())
+            promise->addResult(
+                runGuarded(detection, [&] { return promise->isCanceled() || isApplicationEnding; }));
+        promise->finish();
+    });
+    return promise->future();
 }
 
 } // namespace Veilshot

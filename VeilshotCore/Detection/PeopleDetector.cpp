@@ -26,7 +26,9 @@ bool isCovered(const NormalizedRect& face, const std::vector<NormalizedRect>& pe
 }
 
 std::shared_ptr<const PeopleAnalyzer> sharedAnalyzer() {
-    static const auto analyzer = std::make_shared<const HogPeopleAnalyzer>();
+    // Never destroyed: at the end of the process the libraries behind it may be gone before it.
+    static const auto& analyzer =
+        *new std::shared_ptr<const PeopleAnalyzer>(std::make_shared<HogPeopleAnalyzer>());
     return analyzer;
 }
 

@@ -1,7 +1,7 @@
 #include "VeilshotCore/Detection/SensitiveTextDetector.h"
 
-#include "VeilshotCore/Analysis/NameTagging/ListNameTagger.h"
 #include "VeilshotCore/Analysis/DataDetection/StandardDataDetector.h"
+#include "VeilshotCore/Analysis/NameTagging/ListNameTagger.h"
 #include "VeilshotCore/Analysis/TextRecognition/TesseractTextRecognizer.h"
 #include "VeilshotCore/Detection/TextPatterns.h"
 
@@ -33,9 +33,10 @@ bool fallsOnCharacters(const QString& line, TextRange range) {
 }
 
 void appendRegions(SensitiveRegions& regions, const RecognizedLine& line,
-                   const std::vector<SensitiveTextDetector::TextMatch>& matches) {
+                   const std::vector<SensitiveTextDetector::TextMatch>& matches,
+                   const SensitiveTextDetector::Kinds& kinds) {
     for (const auto& match : matches) {
-        if (!fallsOnCharacters(line.text(), match.range))
+        if (!kinds.contains(match.kind) || !fallsOnCharacters(line.text(), match.range))
             continue;
         if (const auto box = line.boundingBox(match.range))
             regions.push_back(enlargedRegion(*box, match.kind));
@@ -43,7 +44,9 @@ void appendRegions(SensitiveRegions& regions, const RecognizedLine& line,
 }
 
 DetectionOutcome detectSensitiveText(const QImage& image, const SensitiveTextDetector::Analyzers& analyzers,
+                                     const SensitiveTextDetector::Kinds& kinds,
                                      const CancellationCheck& isCancelled) {
+    using Detector = SensitiveTextDetector;
     auto recognized = analyzers.textRecognizer->recognize(image, isCancelled);
     if (const auto* error = std::get_if<AnalysisError>(&recognized))
         return *error;
@@ -51,16 +54,16 @@ DetectionOutcome detectSensitiveText(const QImage& image, const SensitiveTextDet
     for (const RecognizedLine& line : std::get<std::vector<RecognizedLine>>(recognized)) {
         if (isCancelled())
             return SensitiveRegions();
-        if (TextPatterns::labeledLine().hasMatch(line.text())) {
+        const QString& text = line.text();
+        if (kinds.contains(SensitiveKind::identity) && TextPatterns::labeledLine().hasMatch(text)) {
             regions.push_back(enlargedRegion(line.boundingBox(), SensitiveKind::identity));
             continue;
         }
-        appendRegions(regions, line, SensitiveTextDetector::matches(line.text()));
-        appendRegions(regions, line,
-                      SensitiveTextDetector::dataDetectorMatches(line.text(), *analyzers.dataDetector));
-        appendRegions(regions, line, SensitiveTextDetector::nameMatches(line.text(), *analyzers.nameTagger));
+        appendRegions(regions, line, Detector::matches(text), kinds);
+        appendRegions(regions, line, Detector::dataDetectorMatches(text, *analyzers.dataDetector), kinds);
+        appendRegions(regions, line, Detector::nameMatches(text, *analyzers.nameTagger), kinds);
     }
-    return SensitiveTextDetector::removingDuplicates(std::move(regions));
+    return Detector::removingDuplicates(std::move(regions));
 }
 
 SensitiveKind kindOf(const DataMatch& match) {
@@ -78,18 +81,21 @@ SensitiveKind kindOf(const DataMatch& match) {
 } // namespace
 
 SensitiveTextDetector::Analyzers SensitiveTextDetector::Analyzers::shared() {
-    static const Analyzers analyzers{std::make_shared<TesseractTextRecognizer>(),
-                                     std::make_shared<StandardDataDetector>(),
-                                     std::make_shared<ListNameTagger>()};
+    // Never destroyed: at the end of the process the libraries behind them may be gone before them.
+    static const Analyzers& analyzers =
+        *new Analyzers{std::make_shared<TesseractTextRecognizer>(), std::make_shared<StandardDataDetector>(),
+                       std::make_shared<ListNameTagger>()};
     return analyzers;
 }
 
-SensitiveTextDetector::SensitiveTextDetector(Analyzers analyzers) : m_analyzers(std::move(analyzers)) {}
+SensitiveTextDetector::SensitiveTextDetector(Analyzers analyzers, Kinds kinds)
+    : m_analyzers(std::move(analyzers)), m_kinds(std::move(kinds)) {}
 
 QFuture<DetectionOutcome> SensitiveTextDetector::detect(const QImage& image) const {
-    return startDetection([image, analyzers = m_analyzers](const CancellationCheck& isCancelled) {
-        return detectSensitiveText(image, analyzers, isCancelled);
-    });
+    return startDetection(
+        [image, analyzers = m_analyzers, kinds = m_kinds](const CancellationCheck& isCancelled) {
+            return detectSensitiveText(image, analyzers, kinds, isCancelled);
+        });
 }
 
 std::vector<SensitiveTextDetector::TextMatch> SensitiveTextDetector::matches(const QString& line) {

@@ -7,6 +7,7 @@
 
 #include <QImage>
 #include <memory>
+#include <set>
 
 namespace Veilshot {
 
@@ -33,7 +34,13 @@ public:
         static Analyzers shared();
     };
 
-    explicit SensitiveTextDetector(Analyzers analyzers = Analyzers::shared());
+    using Kinds = std::set<SensitiveKind>;
+    static Kinds allKinds() { return {allSensitiveKinds.begin(), allSensitiveKinds.end()}; }
+
+    /// Looks only for `kinds`. That is more than leaving the others out of the result: without `identity` a
+    /// line with a label is searched like any other, and a wanted hit is not dropped in favour of an unwanted
+    /// one.
+    explicit SensitiveTextDetector(Analyzers analyzers = Analyzers::shared(), Kinds kinds = allKinds());
 
     /// Scans a Format_RGBA8888 bitmap of any size on a background worker. The regions are ordered by
     /// decreasing area and freed of near-duplicates; there may be none. Cancel the future to stop the worker
@@ -51,6 +58,7 @@ public:
 
 private:
     Analyzers m_analyzers;
+    Kinds m_kinds;
 };
 
 } // namespace Veilshot

@@ -59,12 +59,13 @@ QRect NormalizedRect::toCoveredPixels(QSize image) const {
     // Rounded in the bottom-left space of the rectangle itself, then flipped: flipping first would move
     // an edge that lies exactly on a pixel boundary by the rounding error of 1 - y.
     // Sides are scaled before they are added for the same reason: 0.5 + 0.001 is not quite 0.501.
-    const double pixelX = x * image.width();
-    const double pixelY = y * image.height();
+    const NormalizedRect rect = standardized();
+    const double pixelX = rect.x * image.width();
+    const double pixelY = rect.y * image.height();
     const int left = clampedToRaster(std::floor(pixelX), image.width());
-    const int right = clampedToRaster(std::ceil(pixelX + width * image.width()), image.width());
+    const int right = clampedToRaster(std::ceil(pixelX + rect.width * image.width()), image.width());
     const int bottom = clampedToRaster(std::floor(pixelY), image.height());
-    const int top = clampedToRaster(std::ceil(pixelY + height * image.height()), image.height());
+    const int top = clampedToRaster(std::ceil(pixelY + rect.height * image.height()), image.height());
     if (right <= left || top <= bottom)
         return {};
     return {left, image.height() - top, right - left, top - bottom};

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "VeilshotCore/Analysis/DataDetector.h"
 #include "VeilshotCore/Analysis/DataDetection/LinkFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PhoneNumberFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
+#include "VeilshotCore/Analysis/DataDetector.h"
 
 namespace Veilshot {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "VeilshotCore/Analysis/NameTagging/NameLexicon.h"
 #include "VeilshotCore/Analysis/NameTagger.h"
+#include "VeilshotCore/Analysis/NameTagging/NameLexicon.h"
 
 namespace Veilshot {
 

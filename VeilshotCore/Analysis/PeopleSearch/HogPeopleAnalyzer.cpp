@@ -10,7 +10,6 @@
 #include "VeilshotCore/Analysis/PeopleSearch/GreyPixels.h"
 #include "VeilshotCore/Analysis/PeopleSearch/PhotoRegions.h"
 
-#include <QMutex>
 #include <QtConcurrentMap>
 #include <opencv2/imgproc.hpp>
 
@@ -131,52 +130,9 @@ PersonObservation observation(const QRectF& box, double confidence, QSize image)
             NormalizedRect::fromPixels(box, image).intersected(NormalizedRect::unit())};
 }
 
-/// The sentence for whatever a library has thrown.
-AnalysisError searchFailure(const std::exception_ptr& thrown) {
-    try {
-        std::rethrow_exception(withoutQtWrapper(thrown));
-    } catch (const std::bad_alloc&) {
-        return {u"There is not enough memory to look for people in this picture."_s};
-    } catch (const std::exception& exception) {
-        return {u"This picture could not be searched for people (%1)."_s.arg(
-            QString::fromLocal8Bit(exception.what()).simplified())};
-    } catch (...) {
-        return {u"This picture could not be searched for people."_s};
-    }
-}
-
 } // namespace
 
-/// Verifiers that wait for the next search. Loading one takes longer than most searches.
-class HogPeopleAnalyzer::VerifierPool {
-public:
-    explicit VerifierPool(const QString& cascadeFolder) : m_cascadeFolder(cascadeFolder) {}
-
-    AnalysisOutcome<std::unique_ptr<FaceVerifier>> take() {
-        {
-            const QMutexLocker locker(&m_mutex);
-            if (!m_waiting.empty()) {
-                std::unique_ptr<FaceVerifier> verifier = std::move(m_waiting.back());
-                m_waiting.pop_back();
-                return verifier;
-            }
-        }
-        return FaceVerifier::create(m_cascadeFolder);
-    }
-
-    void giveBack(std::unique_ptr<FaceVerifier> verifier) {
-        const QMutexLocker locker(&m_mutex);
-        m_waiting.push_back(std::move(verifier));
-    }
-
-private:
-    const QString m_cascadeFolder;
-    QMutex m_mutex;
-    std::vector<std::unique_ptr<FaceVerifier>> m_waiting;
-};
-
-HogPeopleAnalyzer::HogPeopleAnalyzer(const QString& cascadeFolder)
-    : m_verifiers(std::make_unique<VerifierPool>(cascadeFolder)) {}
+HogPeopleAnalyzer::HogPeopleAnalyzer(const QString& cascadeFolder) : m_cascadeFolder(cascadeFolder) {}
 
 HogPeopleAnalyzer::~HogPeopleAnalyzer() = default;
 
@@ -186,15 +142,10 @@ QString HogPeopleAnalyzer::defaultCascadeFolder() {
 
 AnalysisOutcome<PeopleObservations> HogPeopleAnalyzer::analyze(const QImage& image,
                                                                const CancellationCheck& isCancelled) const {
-    try {
-        const QImage bitmap = image.convertToFormat(QImage::Format_RGBA8888);
-        if (bitmap.isNull() && !image.isNull())
-            throw std::bad_alloc();
-        return search(
-            bitmap, isCancelled ? isCancelled : [] { return false; });
-    } catch (...) {
-        return searchFailure(std::current_exception());
-    }
+    const QImage bitmap = image.convertedTo(QImage::Format_RGBA8888);
+    if (bitmap.isNull() && !image.isNull())
+        throw std::bad_alloc();
+    return search(bitmap, isCancelled);
 }
 
 AnalysisOutcome<PeopleObservations> HogPeopleAnalyzer::search(const QImage& image,
@@ -204,10 +155,10 @@ AnalysisOutcome<PeopleObservations> HogPeopleAnalyzer::search(const QImage& imag
     if (photos.empty() || isCancelled())
         return observations;
     // Before the search, so that missing files are reported at once and for every photograph alike.
-    auto firstVerifier = m_verifiers->take();
+    auto firstVerifier = takeVerifier();
     if (const auto* error = std::get_if<AnalysisError>(&firstVerifier))
         return *error;
-    m_verifiers->giveBack(std::get<std::unique_ptr<FaceVerifier>>(std::move(firstVerifier)));
+    m_verifiers.giveBack(std::get<std::unique_ptr<FaceVerifier>>(std::move(firstVerifier)));
 
     std::vector<SearchJob> jobs = plannedJobs(photos);
     QtConcurrent::blockingMap(&analysisPool(), jobs, [&](SearchJob& job) {
@@ -254,15 +205,21 @@ AnalysisOutcome<PeopleObservations> HogPeopleAnalyzer::search(const QImage& imag
     return observations;
 }
 
+AnalysisOutcome<std::unique_ptr<FaceVerifier>> HogPeopleAnalyzer::takeVerifier() const {
+    if (auto idle = m_verifiers.take())
+        return idle;
+    return FaceVerifier::create(m_cascadeFolder);
+}
+
 double HogPeopleAnalyzer::confidence(const QImage& image, const FaceCandidate& candidate) const {
     if (greyWindowShare(image, candidate.box.toRect()) > mostGreyWindow)
         return 0;
     FaceEvidence evidence{candidate.score, 0, 0, candidate.box.width()};
     if (candidate.score < convincingScore) {
         // The first verifier could be loaded, so the others can.
-        auto verifier = std::get<std::unique_ptr<FaceVerifier>>(m_verifiers->take());
+        auto verifier = std::get<std::unique_ptr<FaceVerifier>>(takeVerifier());
         const FaceSupport support = verifier->support(image, candidate.box);
-        m_verifiers->giveBack(std::move(verifier));
+        m_verifiers.giveBack(std::move(verifier));
         evidence.frontalSupport = support.frontal;
         evidence.profileSupport = support.profile;
     }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "VeilshotCore/Analysis/IdlePool.h"
 #include "VeilshotCore/Analysis/PeopleAnalyzer.h"
 
 #include <memory>
 
 namespace Veilshot {
 
+class FaceVerifier;
 struct FaceCandidate;
 
 /// Finds faces in the parts of a picture that look like photographs, and derives bodies from them; works
@@ -17,7 +19,7 @@ struct FaceCandidate;
 /// A face too small to be read is reported as its whole avatar. Alpha is ignored.
 ///
 /// The face detector and the cascades load with the first picture that holds a photograph and then stay.
-/// Works on all processors with threads of its own, so that it may itself run in any thread pool.
+/// Works on all processors in the pool of the analyses.
 class HogPeopleAnalyzer : public PeopleAnalyzer {
 public:
     /// Where the build found the files of the package opencv-data.
@@ -30,13 +32,14 @@ public:
                                                 const CancellationCheck& isCancelled) const override;
 
 private:
-    class VerifierPool;
-
     AnalysisOutcome<PeopleObservations> search(const QImage& image,
                                                const CancellationCheck& isCancelled) const;
     double confidence(const QImage& image, const FaceCandidate& candidate) const;
 
-    std::unique_ptr<VerifierPool> m_verifiers;
+    AnalysisOutcome<std::unique_ptr<FaceVerifier>> takeVerifier() const;
+
+    const QString m_cascadeFolder;
+    mutable IdlePool<FaceVerifier> m_verifiers;
 };
 
 } // namespace Veilshot

@@ -3,8 +3,10 @@
 #include "VeilshotCore/Analysis/TextRecognition/DisjointSets.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cstdlib>
+#include <numeric>
 #include <opencv2/imgproc.hpp>
 #include <vector>
 
@@ -17,7 +19,7 @@ namespace {
 constexpr int sameColourTolerance = 2;
 
 /// An area with a bounding box and a surface above these is no letter.
-constexpr long largeBoxSurface = 60'000;
+constexpr double largeBoxSurface = 60'000;
 constexpr int largeSurface = 4'000;
 
 /// Smaller areas are background when they enclose letters: a badge has several holes, a letter at most two.
@@ -27,9 +29,29 @@ constexpr int leastBadgeSurface = 250;
 constexpr int leastBadgeWidth = 20;
 constexpr int leastBadgeHeight = 9;
 
+/// An area as low as a line of text is the ground of one only if it fills its box; holes and all, letters do
+/// not.
+constexpr int tallestLine = 160;
+constexpr double leastFillOfBar = 0.4;
+
 /// Beyond this many pixels from any flat area there is no telling which background a pixel has.
 constexpr float farFromBackground = 80;
 constexpr int localMeanSide = 51;
+
+/// There, the noise and the texture of the picture are taken off: this many times its median contrast.
+constexpr int noiseMargin = 2;
+
+/// The median of values from 0 to 255, given how often each occurs.
+int median(const std::array<int, 256>& counts) {
+    const int total = std::accumulate(counts.begin(), counts.end(), 0);
+    int below = 0;
+    for (int value = 0; value < 256; ++value) {
+        below += counts[value];
+        if (2 * below >= total)
+            return value;
+    }
+    return 255;
+}
 
 struct Area {
     int surface = 0;
@@ -116,7 +138,10 @@ bool isBackground(const Areas& areas, int index) {
     const cv::Rect box = area.box();
     if (area.surface < leastBadgeSurface || box.width < leastBadgeWidth || box.height < leastBadgeHeight)
         return false;
-    if (static_cast<long>(box.width) * box.height > largeBoxSurface)
+    const double boxSurface = static_cast<double>(box.width) * box.height;
+    if (box.height <= tallestLine && area.surface < leastFillOfBar * boxSurface)
+        return false; // letters tied together by an underline
+    if (boxSurface > largeBoxSurface)
         return area.surface > largeSurface; // otherwise the thin outline of a box
     return enclosedHoles(areas.labels, index, box) >= leastEnclosedHoles;
 }
@@ -163,14 +188,15 @@ cv::Mat backgroundContrast(const cv::Mat& colours) {
             }
         }
     }
-    cv::Mat localMean;
-    const auto background = [&](int x, int y) {
-        if (hasBackground && distance.at<float>(y, x) <= farFromBackground)
-            return backgroundColours[nearest.at<int>(y, x)];
-        if (localMean.empty())
-            cv::boxFilter(colours, localMean, -1, {localMeanSide, localMeanSide});
-        return localMean.at<cv::Vec3b>(y, x);
+    const auto contrastTo = [](const cv::Vec3b& colour, const cv::Vec3b& background) {
+        return std::max({std::abs(colour[0] - background[0]), std::abs(colour[1] - background[1]),
+                         std::abs(colour[2] - background[2])});
     };
+    const auto isFar = [&](int x, int y) {
+        return !hasBackground || distance.at<float>(y, x) > farFromBackground;
+    };
+    cv::Mat localMean;
+    std::array<int, 256> farContrasts{};
     for (int y = 0; y < colours.rows; ++y) {
         const uchar* isForeground = foreground.ptr(y);
         const auto* row = colours.ptr<cv::Vec3b>(y);
@@ -178,10 +204,25 @@ cv::Mat backgroundContrast(const cv::Mat& colours) {
         for (int x = 0; x < colours.cols; ++x) {
             if (!isForeground[x])
                 continue;
-            const cv::Vec3b around = background(x, y);
-            out[x] =
-                static_cast<uchar>(std::max({std::abs(row[x][0] - around[0]), std::abs(row[x][1] - around[1]),
-                                             std::abs(row[x][2] - around[2])}));
+            if (!isFar(x, y)) {
+                out[x] = static_cast<uchar>(contrastTo(row[x], backgroundColours[nearest.at<int>(y, x)]));
+                continue;
+            }
+            if (localMean.empty())
+                cv::boxFilter(colours, localMean, -1, {localMeanSide, localMeanSide});
+            out[x] = static_cast<uchar>(contrastTo(row[x], localMean.at<cv::Vec3b>(y, x)));
+            ++farContrasts[out[x]];
+        }
+    }
+    if (localMean.empty())
+        return contrast;
+    const int noise = noiseMargin * median(farContrasts);
+    for (int y = 0; y < colours.rows; ++y) {
+        const uchar* isForeground = foreground.ptr(y);
+        uchar* out = contrast.ptr(y);
+        for (int x = 0; x < colours.cols; ++x) {
+            if (isForeground[x] && isFar(x, y))
+                out[x] = static_cast<uchar>(std::max(0, out[x] - noise));
         }
     }
     return contrast;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "VeilshotCore/Analysis/TextRecognition/TesseractEngine.h"
-#include "VeilshotCore/Analysis/TextRecognizer.h"
 #include "VeilshotCore/Analysis/TextRecognition/TextSegments.h"
+#include "VeilshotCore/Analysis/TextRecognizer.h"
 
 #include <vector>
 

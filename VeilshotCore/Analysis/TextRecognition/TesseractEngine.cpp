@@ -53,6 +53,14 @@ std::vector<TesseractEngine::Symbol> symbolsOf(tesseract::TessBaseAPI& api) {
     return symbols;
 }
 
+/// Its own messages would mix with the program's output; missing language data is one of them. The setting
+/// belongs to the process and is no matter for several threads.
+void keepMessagesOff() {
+    static const bool isOff = tesseract::TessBaseAPI().SetVariable(
+        "debug_file", QFile::encodeName(QProcess::nullDevice()).constData());
+    Q_UNUSED(isOff)
+}
+
 bool shouldStop(void* isCancelled, int) {
     return (*static_cast<const CancellationCheck*>(isCancelled))();
 }
@@ -69,10 +77,9 @@ TesseractEngine::~TesseractEngine() = default;
 
 AnalysisOutcome<std::unique_ptr<TesseractEngine>> TesseractEngine::create() {
     keepOpenMpOff();
+    keepMessagesOff();
     auto api = std::make_unique<Api>();
     const std::string codes = std::string(languages[0].code) + "+" + languages[1].code;
-    // Its own messages would mix with the program's output. Set first, because missing data is one of them.
-    api->tesseract.SetVariable("debug_file", QFile::encodeName(QProcess::nullDevice()).constData());
     const int failure = api->tesseract.Init(nullptr, codes.c_str(), tesseract::OEM_LSTM_ONLY);
     std::vector<std::string> loaded;
     if (failure == 0)
@@ -81,16 +88,16 @@ AnalysisOutcome<std::unique_ptr<TesseractEngine>> TesseractEngine::create() {
         if (std::ranges::find(loaded, language.code) == loaded.end())
             return missingLanguage(language);
     }
-    api->tesseract.SetPageSegMode(tesseract::PSM_SINGLE_BLOCK);
     // Pages are always dark on white; trying every doubtful line in negative only costs time.
     api->tesseract.SetVariable("tessedit_do_invert", "0");
     return std::unique_ptr<TesseractEngine>(new TesseractEngine(std::move(api)));
 }
 
 AnalysisOutcome<std::vector<TesseractEngine::Symbol>>
-TesseractEngine::read(const QImage& page, const CancellationCheck& isCancelled) {
+TesseractEngine::read(const QImage& page, Layout layout, const CancellationCheck& isCancelled) {
     keepOpenMpOff();
     tesseract::TessBaseAPI& api = m_api->tesseract;
+    api.SetPageSegMode(layout == Layout::column ? tesseract::PSM_SINGLE_BLOCK : tesseract::PSM_SINGLE_LINE);
     api.SetImage(page.constBits(), page.width(), page.height(), 1, static_cast<int>(page.bytesPerLine()));
     api.SetSourceResolution(96);
     tesseract::ETEXT_DESC monitor;

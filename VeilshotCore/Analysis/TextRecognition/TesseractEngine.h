@@ -27,9 +27,12 @@ public:
     TesseractEngine(const TesseractEngine&) = delete;
     TesseractEngine& operator=(const TesseractEngine&) = delete;
 
-    /// Reads a Format_Grayscale8 page of one column, dark text on white. Symbols come in text order; a page
-    /// without text has none. Fails when the engine gives up: nobody may take that for a page without text.
-    AnalysisOutcome<std::vector<Symbol>> read(const QImage& page, const CancellationCheck& isCancelled);
+    enum class Layout { column, singleLine };
+
+    /// Reads a Format_Grayscale8 page, dark text on white. Symbols come in text order; a page without text
+    /// has none. Fails when the engine gives up: nobody may take that for a page without text.
+    AnalysisOutcome<std::vector<Symbol>> read(const QImage& page, Layout layout,
+                                              const CancellationCheck& isCancelled);
 
 private:
     struct Api;

@@ -2,7 +2,6 @@
 
 #include "VeilshotCore/Analysis/AnalysisPool.h"
 #include "VeilshotCore/Analysis/TextRecognition/LineReading.h"
-#include "VeilshotCore/Analysis/TextRecognition/RecognitionSheet.h"
 #include "VeilshotCore/Analysis/TextRecognition/TextSegments.h"
 
 #include <QThread>
@@ -11,60 +10,79 @@
 
 namespace Veilshot {
 
+namespace {
+
+/// On a page of its own each segment that looks like a word but was read as nothing: among unlike rows the
+/// recognizer now and then overlooks one.
+std::vector<RecognitionSheet>
+sheetsOfOverlooked(const std::vector<TextSegment>& segments,
+                   const std::vector<std::vector<TesseractEngine::Symbol>>& symbols) {
+    constexpr double leastWidthOfWord = 1.5; // in heights
+    std::vector<RecognitionSheet> sheets;
+    for (std::size_t index = 0; index < segments.size(); ++index) {
+        const QRect& box = segments[index].box;
+        if (symbols[index].empty() && box.width() >= leastWidthOfWord * box.height())
+            sheets.emplace_back(segments, std::vector{index});
+    }
+    return sheets;
+}
+
+} // namespace
+
 AnalysisOutcome<std::vector<RecognizedLine>>
 TesseractTextRecognizer::recognize(const QImage& image, const CancellationCheck& isCancelled) const {
     const QImage bitmap = image.convertedTo(QImage::Format_RGBA8888);
     if (bitmap.isNull() && !image.isNull())
         throw std::bad_alloc();
     const std::vector<TextSegment> segments = findTextSegments(bitmap, isCancelled);
-    const std::vector<RecognitionSheet> sheets = planSheets(segments, QThread::idealThreadCount());
+    std::vector<Symbols> symbols(segments.size());
+    if (const auto error = readSheets(planSheets(segments, QThread::idealThreadCount()),
+                                      TesseractEngine::Layout::column, isCancelled, symbols))
+        return *error;
+    if (const auto error = readSheets(sheetsOfOverlooked(segments, symbols),
+                                      TesseractEngine::Layout::singleLine, isCancelled, symbols))
+        return *error;
 
-    using SheetReading = AnalysisOutcome<std::vector<std::vector<TesseractEngine::Symbol>>>;
-    const auto outcomes = QtConcurrent::blockingMapped<std::vector<SheetReading>>(
-        &analysisPool(), sheets, [&](const RecognitionSheet& sheet) -> SheetReading {
-            if (isCancelled())
-                return {};
-            auto taken = takeEngine();
-            if (const auto* error = std::get_if<AnalysisError>(&taken))
-                return *error;
-            auto& engine = std::get<std::unique_ptr<TesseractEngine>>(taken);
-            const auto read = engine->read(sheet.draw(), isCancelled);
-            giveBack(std::move(engine));
-            if (const auto* error = std::get_if<AnalysisError>(&read))
-                return *error;
-            return sheet.distribute(std::get<std::vector<TesseractEngine::Symbol>>(read));
-        });
-    if (isCancelled())
-        return std::vector<RecognizedLine>();
-
-    std::vector<SegmentReading> readings(segments.size());
-    for (std::size_t sheet = 0; sheet < sheets.size(); ++sheet) {
-        if (const auto* error = std::get_if<AnalysisError>(&outcomes[sheet]))
-            return *error;
-        const auto& symbols = std::get<0>(outcomes[sheet]);
-        for (std::size_t row = 0; row < symbols.size(); ++row) {
-            const std::size_t segment = sheets[sheet].indices()[row];
-            readings[segment] = readSegment(segments[segment], symbols[row]);
-        }
-    }
+    std::vector<SegmentReading> readings;
+    for (std::size_t index = 0; index < segments.size(); ++index)
+        readings.push_back(readSegment(segments[index], symbols[index]));
     return assembleLines(readings, bitmap.size());
 }
 
-AnalysisOutcome<std::unique_ptr<TesseractEngine>> TesseractTextRecognizer::takeEngine() const {
-    {
-        const std::lock_guard lock(m_mutex);
-        if (!m_idleEngines.empty()) {
-            auto engine = std::move(m_idleEngines.back());
-            m_idleEngines.pop_back();
-            return engine;
-        }
+std::optional<AnalysisError> TesseractTextRecognizer::readSheets(const std::vector<RecognitionSheet>& sheets,
+                                                                 TesseractEngine::Layout layout,
+                                                                 const CancellationCheck& isCancelled,
+                                                                 std::vector<Symbols>& symbols) const {
+    const auto outcomes = QtConcurrent::blockingMapped<std::vector<AnalysisOutcome<std::vector<Symbols>>>>(
+        &analysisPool(), sheets,
+        [&](const RecognitionSheet& sheet) { return readSheet(sheet, layout, isCancelled); });
+    for (std::size_t sheet = 0; sheet < sheets.size(); ++sheet) {
+        if (const auto* error = std::get_if<AnalysisError>(&outcomes[sheet]))
+            return *error;
+        const auto& rows = std::get<std::vector<Symbols>>(outcomes[sheet]);
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            symbols[sheets[sheet].indices()[row]] = rows[row];
     }
-    return TesseractEngine::create();
+    return std::nullopt;
 }
 
-void TesseractTextRecognizer::giveBack(std::unique_ptr<TesseractEngine> engine) const {
-    const std::lock_guard lock(m_mutex);
-    m_idleEngines.push_back(std::move(engine));
+AnalysisOutcome<std::vector<TesseractTextRecognizer::Symbols>>
+TesseractTextRecognizer::readSheet(const RecognitionSheet& sheet, TesseractEngine::Layout layout,
+                                   const CancellationCheck& isCancelled) const {
+    if (isCancelled())
+        return {};
+    std::unique_ptr<TesseractEngine> engine = m_engines.take();
+    if (!engine) {
+        auto created = TesseractEngine::create();
+        if (const auto* error = std::get_if<AnalysisError>(&created))
+            return *error;
+        engine = std::get<std::unique_ptr<TesseractEngine>>(std::move(created));
+    }
+    const auto read = engine->read(sheet.draw(), layout, isCancelled);
+    m_engines.giveBack(std::move(engine));
+    if (const auto* error = std::get_if<AnalysisError>(&read))
+        return *error;
+    return sheet.distribute(std::get<Symbols>(read));
 }
 
 } // namespace Veilshot

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "VeilshotCore/Analysis/IdlePool.h"
+#include "VeilshotCore/Analysis/TextRecognition/RecognitionSheet.h"
 #include "VeilshotCore/Analysis/TextRecognition/TesseractEngine.h"
 #include "VeilshotCore/Analysis/TextRecognizer.h"
 
-#include <memory>
-#include <mutex>
+#include <optional>
 #include <vector>
 
 namespace Veilshot {
@@ -18,11 +19,19 @@ public:
     recognize(const QImage& image, const CancellationCheck& isCancelled) const override;
 
 private:
-    AnalysisOutcome<std::unique_ptr<TesseractEngine>> takeEngine() const;
-    void giveBack(std::unique_ptr<TesseractEngine> engine) const;
+    using Symbols = std::vector<TesseractEngine::Symbol>;
 
-    mutable std::mutex m_mutex;
-    mutable std::vector<std::unique_ptr<TesseractEngine>> m_idleEngines;
+    AnalysisOutcome<std::vector<Symbols>> readSheet(const RecognitionSheet& sheet,
+                                                    TesseractEngine::Layout layout,
+                                                    const CancellationCheck& isCancelled) const;
+    /// Reads the sheets and puts what each of their segments shows into `symbols`, which has a place for
+    /// every segment. Nothing, or the first error.
+    std::optional<AnalysisError> readSheets(const std::vector<RecognitionSheet>& sheets,
+                                            TesseractEngine::Layout layout,
+                                            const CancellationCheck& isCancelled,
+                                            std::vector<Symbols>& symbols) const;
+
+    mutable IdlePool<TesseractEngine> m_engines;
 };
 
 } // namespace Veilshot

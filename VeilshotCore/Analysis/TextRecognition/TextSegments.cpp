@@ -17,17 +17,25 @@ namespace {
 /// Pixels that stand out less belong to the fringes of letters or to separators that nobody reads.
 constexpr int inkThreshold = 40;
 
-/// Text taller than this is drawn, not written.
+/// Text taller than this is looked for in a picture this many times smaller.
 constexpr int tallestText = 160;
-constexpr int widestBlob = 900;
+constexpr int reduction = 4;
+
+/// A straight stroke this long and no thicker is a rule, an underline, a frame, or strikes text out. No
+/// letter has one.
+constexpr int leastStrokeLength = 81;
+constexpr int mostStrokeThickness = 4;
+
 constexpr int leastSegmentHeight = 5;
 constexpr int leastSegmentWidth = 3;
 
 /// Tiles overlap by more than the tallest text, so that every line is whole in the tile that holds its
-/// centre.
-constexpr int tileHeight = 1024;
-constexpr int tileWidth = 8192;
+/// centre; they are as wide as several large screens side by side, because a line must not end at an edge.
+constexpr int tileWidth = 16'384;
 constexpr int tileMargin = 192;
+constexpr int leastTileHeight = 512;
+constexpr int mostTileHeight = 1024;
+constexpr int tileSurface = 8'000'000;
 
 /// Boxes are indexed by bands of this many rows.
 constexpr int bandHeight = 32;
@@ -79,25 +87,58 @@ bool isOutline(const cv::Rect& box, int surface, double fill) {
 
 bool canBeText(const cv::Mat& labels, int label, const cv::Rect& box, int surface) {
     const double fill = surface / (static_cast<double>(box.width) * box.height);
-    return box.height <= tallestText && box.width <= widestBlob && !isRule(box) &&
-           !isOutline(box, surface, fill) && !isFilledShape(labels, label, box, fill);
+    return box.height <= tallestText && !isRule(box) && !isOutline(box, surface, fill) &&
+           !isFilledShape(labels, label, box, fill);
+}
+
+/// The long thin strokes of one direction without the places where a letter crosses them, 255 where there is
+/// one. `along` is the direction as a unit size: {1, 0} or {0, 1}.
+cv::Mat longStrokes(const cv::Mat& ink, cv::Size along) {
+    const auto rectangle = [](cv::Size size) { return cv::getStructuringElement(cv::MORPH_RECT, size); };
+    const cv::Size across(along.height, along.width);
+    const cv::Size length(1 + along.width * (leastStrokeLength - 1),
+                          1 + along.height * (leastStrokeLength - 1));
+    const cv::Size thickness(1 + across.width * mostStrokeThickness, 1 + across.height * mostStrokeThickness);
+    cv::Mat strokes;
+    cv::Mat thick;
+    cv::Mat bridged;
+    cv::morphologyEx(ink, strokes, cv::MORPH_OPEN, rectangle(length));
+    cv::morphologyEx(strokes, thick, cv::MORPH_OPEN, rectangle(thickness));
+    strokes &= ~thick;
+    cv::morphologyEx(ink & ~strokes, bridged, cv::MORPH_CLOSE, rectangle(thickness));
+    return strokes & ~bridged;
+}
+
+/// What is left of a frame when its long sides are taken away: it ends at one of them above and below.
+bool isSideOfFrame(const cv::Mat& strokes, const cv::Rect& box, double fill) {
+    constexpr int reach = 2;
+    if (box.width > mostStrokeThickness && fill > 0.35)
+        return false;
+    const cv::Rect picture(0, 0, strokes.cols, strokes.rows);
+    const cv::Rect above = cv::Rect(box.x - reach, box.y - reach, box.width + 2 * reach, reach) & picture;
+    const cv::Rect below = cv::Rect(box.x - reach, box.br().y, box.width + 2 * reach, reach) & picture;
+    return cv::countNonZero(strokes(above)) > 0 && cv::countNonZero(strokes(below)) > 0;
 }
 
 Ink findInk(const cv::Mat& colours) {
     Ink ink;
     ink.contrast = backgroundContrast(colours);
+    // Out of the ink first, so that an underline does not tie the letters that it touches into one shape.
+    const cv::Mat mask = ink.contrast >= inkThreshold;
+    const cv::Mat strokes = longStrokes(mask, {1, 0}) | longStrokes(mask, {0, 1});
+    ink.contrast.setTo(0, strokes);
     cv::Mat stats;
     cv::Mat centroids;
-    const int count =
-        cv::connectedComponentsWithStats(ink.contrast >= inkThreshold, ink.labels, stats, centroids, 8);
+    const int count = cv::connectedComponentsWithStats(mask & ~strokes, ink.labels, stats, centroids, 8);
     ink.isSpeck.assign(count, false);
     for (int label = 1; label < count; ++label) {
         const int* stat = stats.ptr<int>(label);
         const cv::Rect box(stat[cv::CC_STAT_LEFT], stat[cv::CC_STAT_TOP], stat[cv::CC_STAT_WIDTH],
                            stat[cv::CC_STAT_HEIGHT]);
         const int surface = stat[cv::CC_STAT_AREA];
+        const double fill = surface / (static_cast<double>(box.width) * box.height);
         ink.isSpeck[label] = surface < 3 && box.width < 3 && box.height < 3;
-        if (canBeText(ink.labels, label, box, surface))
+        if (canBeText(ink.labels, label, box, surface) && !isSideOfFrame(strokes, box, fill))
             ink.blobs.push_back({box, label});
     }
     return ink;
@@ -324,6 +365,7 @@ struct Tile {
 };
 
 std::vector<Tile> tilesOf(const QRect& image) {
+    const int tileHeight = std::clamp(tileSurface / image.width(), leastTileHeight, mostTileHeight);
     std::vector<Tile> tiles;
     for (int y = 0; y < image.height(); y += tileHeight) {
         for (int x = 0; x < image.width(); x += tileWidth) {
@@ -348,11 +390,7 @@ std::vector<TextSegment> segmentsOfTile(const QImage& image, const Tile& tile) {
     return segments;
 }
 
-} // namespace
-
-std::vector<TextSegment> findTextSegments(const QImage& image, const CancellationCheck& isCancelled) {
-    if (image.isNull())
-        return {};
+std::vector<TextSegment> segmentsOf(const QImage& image, const CancellationCheck& isCancelled) {
     const auto tiles = QtConcurrent::blockingMapped<std::vector<std::vector<TextSegment>>>(
         &analysisPool(), tilesOf(image.rect()), [&](const Tile& tile) {
             return isCancelled() ? std::vector<TextSegment>() : segmentsOfTile(image, tile);
@@ -360,6 +398,39 @@ std::vector<TextSegment> findTextSegments(const QImage& image, const Cancellatio
     std::vector<TextSegment> segments;
     for (const std::vector<TextSegment>& tile : tiles)
         segments.insert(segments.end(), tile.begin(), tile.end());
+    return segments;
+}
+
+/// Text too tall for the picture as it is, found in a smaller one.
+std::vector<TextSegment> tallSegmentsOf(const QImage& image, const CancellationCheck& isCancelled) {
+    if (image.height() <= tallestText)
+        return {};
+    const QSize size = (image.size() / reduction).expandedTo({1, 1});
+    const QImage reduced = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                               .convertedTo(QImage::Format_RGBA8888);
+    std::vector<TextSegment> segments = segmentsOf(reduced, isCancelled);
+    std::erase_if(segments,
+                  [](const TextSegment& segment) { return segment.box.height() * reduction <= tallestText; });
+    const double scaleX = static_cast<double>(image.width()) / size.width();
+    const double scaleY = static_cast<double>(image.height()) / size.height();
+    for (TextSegment& segment : segments) {
+        const QRect& box = segment.box;
+        segment.box = QRectF(box.x() * scaleX, box.y() * scaleY, box.width() * scaleX, box.height() * scaleY)
+                          .toAlignedRect() &
+                      image.rect();
+        segment.ink = segment.ink.scaled(segment.box.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                          .convertedTo(QImage::Format_Grayscale8);
+    }
+    return segments;
+}
+
+} // namespace
+
+std::vector<TextSegment> findTextSegments(const QImage& image, const CancellationCheck& isCancelled) {
+    if (image.isNull())
+        return {};
+    std::vector<TextSegment> segments = segmentsOf(image, isCancelled);
+    std::ranges::move(tallSegmentsOf(image, isCancelled), std::back_inserter(segments));
     std::ranges::stable_sort(segments, {}, [](const TextSegment& segment) {
         return std::pair(segment.box.center().y(), segment.box.x());
     });

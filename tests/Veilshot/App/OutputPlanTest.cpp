@@ -53,11 +53,24 @@ TEST_F(OutputPlanTest, NeverReplacesAnImageUnderWhateverName) {
     EXPECT_TRUE(std::holds_alternative<QStringList>(plan({shot}, file(u"other.png"_s))));
 }
 
+TEST_F(OutputPlanTest, WritesNoTwoResultsToOneFileAndNoneOverTheAreas) {
+    std::filesystem::create_symlink("b.png", file(u"sub/a.png"_s).toStdString());
+    QFile target(file(u"sub/b.png"_s));
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(std::holds_alternative<QString>(planInto({u"a.png"_s, u"b.png"_s}, file(u"sub"_s))));
+
+    ScanRequest request;
+    request.images = {u"a.png"_s};
+    request.output = file(u"hard.png"_s);
+    request.regionsFile = file(u"link.png"_s);
+    EXPECT_TRUE(std::get<QString>(planOutputs(request)).contains(u"areas"));
+}
+
 TEST_F(OutputPlanTest, NamesResultsAfterTheirImages) {
     EXPECT_EQ(std::get<QStringList>(planInto({u"a/x.v2.jpg"_s, u"-"_s}, u"out"_s)),
               (QStringList{u"out/x.v2.png"_s, u"out/standard-input.png"_s}));
     const auto clash = planInto({u"a/x.png"_s, u"b/x.jpg"_s}, u"out"_s);
-    EXPECT_TRUE(std::get<QString>(clash).contains(u"b/x.jpg"));
+    EXPECT_TRUE(std::get<QString>(clash).contains(u"out/x.png"));
 }
 
 } // namespace

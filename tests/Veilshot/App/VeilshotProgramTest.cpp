@@ -131,6 +131,31 @@ TEST_F(VeilshotProgram, HidesAreasGivenByHandToo) {
     EXPECT_EQ(regions[0]["kind"], "custom");
 }
 
+TEST_F(VeilshotProgram, HidesAWantedKindAlsoWhereALargerAreaOfAnotherKindWouldHaveHiddenIt) {
+    // The page has "CPR: …" lines, which count as identity details as a whole.
+    ASSERT_TRUE(
+        QFile::copy(QStringLiteral(VEILSHOT_TEST_DATA "/dark-kunde.png"), folder.filePath(u"100%25.png"_s)));
+    for (const QString& kind : {u"email"_s, u"phone"_s, u"payment"_s, u"name"_s}) {
+        const ProgramRun result = run({u"detect"_s, u"100%25.png"_s, u"--only"_s, kind, u"--json"_s});
+        ASSERT_EQ(result.exitCode, 0) << result.errors.toStdString();
+        const auto regions = ordered_json::parse(result.output.toStdString())["regions"];
+        EXPECT_GE(regions.size(), 1u) << kind.toStdString();
+        for (const auto& region : regions)
+            EXPECT_EQ(region["kind"], kind.toStdString());
+    }
+    EXPECT_TRUE(run({u"detect"_s, u"100%25.png"_s}).output.startsWith("100%25.png: "));
+}
+
+TEST_F(VeilshotProgram, FindsPeople) {
+    ASSERT_TRUE(
+        QFile::copy(QStringLiteral(VEILSHOT_TEST_DATA "/portrait.jpg"), folder.filePath(u"face.jpg"_s)));
+    const ProgramRun result = run({u"detect"_s, u"face.jpg"_s, u"--only"_s, u"person"_s, u"--json"_s});
+    ASSERT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    const auto regions = ordered_json::parse(result.output.toStdString())["regions"];
+    ASSERT_GE(regions.size(), 1u);
+    EXPECT_EQ(regions[0]["kind"], "person");
+}
+
 TEST_F(VeilshotProgram, RefusesToReplaceItsInputOrToGuess) {
     const QByteArray before = contents(u"light-mail.png"_s);
     write(u"bad.json"_s, "[[1, 2, 3]]");

@@ -111,13 +111,13 @@ TEST(ImageDecoder, KeepsExtremeShapesAndGreyLevels) {
     }
 }
 
-TEST(ImageDecoder, KeepsAlphaStraight) {
+TEST(ImageDecoder, KeepsAlphaStraightButNoColourThatNobodySees) {
     QImage image(2, 1, QImage::Format_ARGB32);
     image.setPixelColor(0, 0, QColor(200, 100, 50, 3));
     image.setPixelColor(1, 0, QColor(10, 20, 30, 0));
     const QImage bitmap = decoded(encoded(image, "png"));
     EXPECT_EQ(bitmap.pixelColor(0, 0), QColor(200, 100, 50, 3));
-    EXPECT_EQ(bitmap.pixelColor(1, 0), QColor(10, 20, 30, 0));
+    EXPECT_EQ(bitmap.pixelColor(1, 0), QColor(0, 0, 0, 0));
     const std::vector<QColor> corners = quarterColors(decoded(sample("transparent.heic")));
     EXPECT_LE(largestDifference({corners[0], corners[1]}, {red, green}), 8);
     EXPECT_EQ(corners[3].alpha(), 0);
@@ -282,11 +282,11 @@ TEST(ImageDecoder, ReadsRegularFilesOnlyAndNamesThemInErrors) {
         {folder.filePath(u"missing.png"_s), "there is no such file"},
         {misnamed + u"/shot.png"_s, "there is no such file"},
         {QString(), "there is no such file"},
-        {folder.path(), "this is a folder, not an image"},
+        {folder.path(), "this is a folder"},
         {folder.filePath(u"pipe"_s), "not a regular file"},
         {u"/dev/zero"_s, "not a regular file"},
         {write(u"empty.png"_s, {}), "the file is empty"},
-        {sparse.fileName(), "the file is larger than 1 gigabyte"},
+        {sparse.fileName(), "the file is too large (1000000001 bytes; the limit is 1000000000)"},
         {write(u"letter.png"_s, "Dear reader"), "not an image that can be read"},
         {write(u"cut.png"_s, png.chopped(30)), "the image data ends too early"},
     };

@@ -53,18 +53,21 @@ SensitiveRegions scan(const QImage& image) {
     return std::get<SensitiveRegions>(outcome);
 }
 
-/// Whether every column of the middle of the detail's text is hidden.
+/// Whether the detail is hidden from its left to its right, low, in the middle and high.
 bool isHidden(const Detail& detail, const SensitiveRegions& regions) {
     constexpr int steps = 50;
+    const auto isCovered = [&](double x, double y) {
+        return std::ranges::any_of(regions, [&](const SensitiveRegion& region) {
+            const NormalizedRect& rect = region.normalizedRect();
+            return rect.x <= x && x <= rect.maxX() && rect.y <= y && y <= rect.maxY();
+        });
+    };
     for (int step = 0; step < steps; ++step) {
         const double x = detail.rect.x + detail.rect.width * (step + 0.5) / steps;
-        const bool isCovered = std::ranges::any_of(regions, [&](const SensitiveRegion& region) {
-            const NormalizedRect& rect = region.normalizedRect();
-            return rect.x <= x && x <= rect.maxX() && rect.y <= detail.rect.midY() &&
-                   detail.rect.midY() <= rect.maxY();
-        });
-        if (!isCovered)
-            return false;
+        for (const double share : {0.25, 0.5, 0.75}) {
+            if (!isCovered(x, detail.rect.y + detail.rect.height * share))
+                return false;
+        }
     }
     return true;
 }

@@ -89,8 +89,8 @@ TEST(TextPatterns, CheckCardNumbersByTheirLastDigit) {
 TEST(TextPatterns, EndInReasonableTimeOnAnyLine) {
     // Lines on which a backtracking engine without a limit would work for minutes.
     for (const QString& unit : {u"a.b-"_s, u"1 "_s, u"A1 "_s, u"x@"_s, u"(1)-"_s}) {
-        const QString line = unit.repeated(20'000);
-        EXPECT_LE(SensitiveTextDetector::matches(line).size(), 100'000u);
+        const auto hits = found(u"jane@example.com, "_s + unit.repeated(20'000));
+        EXPECT_THAT(hits, testing::Contains("email: jane@example.com")) << unit.toStdString();
     }
 }
 

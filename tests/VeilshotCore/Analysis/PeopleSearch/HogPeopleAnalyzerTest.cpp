@@ -75,7 +75,7 @@ QImage portrait() {
 }
 
 PeopleObservations observed(const QImage& image) {
-    const auto outcome = HogPeopleAnalyzer().analyze(image, {});
+    const auto outcome = HogPeopleAnalyzer().analyze(image, [] { return false; });
     if (const auto* error = std::get_if<AnalysisError>(&outcome)) {
         ADD_FAILURE() << qPrintable(error->message);
         return {};
@@ -214,11 +214,12 @@ TEST(HogPeopleAnalyzerTest, NamesThePackageWhenCascadesAreMissingOrDamaged) {
     file.close();
     for (const QString& folder : {missing.path(), damaged.path()}) {
         const HogPeopleAnalyzer analyzer(folder);
-        const auto outcome = analyzer.analyze(portrait(), {});
+        const auto outcome = analyzer.analyze(portrait(), [] { return false; });
         ASSERT_TRUE(std::holds_alternative<AnalysisError>(outcome));
         EXPECT_TRUE(std::get<AnalysisError>(outcome).message.contains(u"opencv-data"));
         // A page without photographs needs none of them.
-        EXPECT_TRUE(std::holds_alternative<PeopleObservations>(analyzer.analyze(textPage(Theme::light), {})));
+        EXPECT_TRUE(std::holds_alternative<PeopleObservations>(
+            analyzer.analyze(textPage(Theme::light), [] { return false; })));
     }
 }
 

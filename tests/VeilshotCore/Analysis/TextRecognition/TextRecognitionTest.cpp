@@ -1,6 +1,7 @@
 #include "VeilshotCore/Analysis/TextRecognition/TesseractTextRecognizer.h"
 
 #include <QTemporaryDir>
+#include <future>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,22 @@ TEST(TextRecognition, ReadsDanishLettersAndTheSignsOfAnAddressInOneLine) {
         all += line.text() + u'\n';
     for (const QString& text : {u"joergen.oestergaard@example.com"_s, u"Søren"_s, u"280287-7113"_s})
         EXPECT_TRUE(all.contains(text)) << text.toStdString() << " is missing in\n" << all.toStdString();
+}
+
+TEST(TextRecognition, GivesTheSameLinesToSeveralCallersAtOnce) {
+    const TesseractTextRecognizer recognizer;
+    const auto texts = [&] {
+        std::vector<std::string> texts;
+        const auto outcome = recognizer.recognize(screenshot(), [] { return false; });
+        for (const RecognizedLine& line : std::get<std::vector<RecognizedLine>>(outcome))
+            texts.push_back(line.text().toStdString());
+        return texts;
+    };
+    auto first = std::async(std::launch::async, texts);
+    auto second = std::async(std::launch::async, texts);
+    const auto third = texts();
+    EXPECT_EQ(first.get(), third);
+    EXPECT_EQ(second.get(), third);
 }
 
 TEST(TextRecognition, NamesThePackageOfAMissingLanguage) {

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <gmock/gmock.h>
+#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +70,52 @@ TEST(TextSegments, KeepTheCellsOfARowApartAndLeaveOutRulesAndFilledShapes) {
     const QRect first = drawWord(image, {60, 70}, Qt::black, Qt::white);
     const QRect second = drawWord(image, {200, 70}, Qt::black, Qt::white);
     EXPECT_EQ(boxes(findTextSegments(image, isWanted)), (std::vector{first, second}));
+}
+
+TEST(TextSegments, KeepTheirLettersWhereALineTouchesThem) {
+    // Underlined, struck through, and in the frame of a field, each a line much longer than the word.
+    for (const int y : {79, 74, 62}) {
+        QImage image = page({1400, 200}, Qt::white);
+        const QRect word = drawWord(image, {100, 70}, Qt::black, Qt::white);
+        fill(image, {20, y, 1200, 1}, Qt::black);
+        if (y == 62) {
+            fill(image, {20, 88, 1200, 1}, Qt::black);
+            fill(image, {20, 62, 1, 27}, Qt::black);
+            fill(image, {1219, 62, 1, 27}, Qt::black);
+        }
+        const auto segments = findTextSegments(image, isWanted);
+        ASSERT_EQ(segments.size(), 1u) << y;
+        EXPECT_GE(segments[0].box.height(), 9);
+        EXPECT_EQ(segments[0].box.left(), word.left());
+        EXPECT_EQ(segments[0].box.right(), word.right());
+    }
+}
+
+TEST(TextSegments, MayBeTallerThanAnyLineOfAProgram) {
+    QImage image = page({1600, 600}, Qt::white);
+    for (int letter = 0; letter < 6; ++letter) {
+        const QRect outer(100 + 200 * letter, 200, 140, 240);
+        fill(image, outer, Qt::black);
+        fill(image, outer.adjusted(20, 20, -20, -20), Qt::white);
+    }
+    const auto segments = findTextSegments(image, isWanted);
+    ASSERT_EQ(segments.size(), 1u);
+    EXPECT_LE(std::abs(segments[0].box.left() - 100), 4);
+    EXPECT_LE(std::abs(segments[0].box.bottom() - 439), 4);
+    EXPECT_EQ(segments[0].ink.size(), segments[0].box.size());
+}
+
+TEST(TextSegments, AreNotMadeOfTheNoiseOfACamera) {
+    QImage image = page({600, 400}, QColor(128, 128, 128));
+    std::mt19937 random(7);
+    std::normal_distribution<double> noise(128, 20);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < 4 * image.width(); ++x) {
+            if (x % 4 != 3)
+                image.scanLine(y)[x] = static_cast<uchar>(std::clamp(noise(random), 0.0, 255.0));
+        }
+    }
+    EXPECT_LT(findTextSegments(image, isWanted).size(), 20u);
 }
 
 TEST(TextSegments, AreWholeWhereTilesMeetAndAppearOnce) {
