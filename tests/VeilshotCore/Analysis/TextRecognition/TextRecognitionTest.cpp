@@ -25,11 +25,11 @@ TEST(TextRecognition, ReadsDanishLettersAndTheSignsOfAnAddressInOneLine) {
 TEST(TextRecognition, GivesTheSameLinesToSeveralCallersAtOnce) {
     const TesseractTextRecognizer recognizer;
     const auto texts = [&] {
-        std::vector<std::string> texts;
+        std::vector<std::string> found;
         const auto outcome = recognizer.recognize(screenshot(), [] { return false; });
         for (const RecognizedLine& line : std::get<std::vector<RecognizedLine>>(outcome))
-            texts.push_back(line.text().toStdString());
-        return texts;
+            found.push_back(line.text().toStdString());
+        return found;
     };
     auto first = std::async(std::launch::async, texts);
     auto second = std::async(std::launch::async, texts);
