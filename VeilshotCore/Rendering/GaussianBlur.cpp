@@ -5,6 +5,7 @@
 #include "VeilshotCore/Rendering/InnerLoops.h"
 #include "VeilshotCore/Rendering/RegionRows.h"
 #include "VeilshotCore/Rendering/ShrunkRows.h"
+#include "VeilshotCore/Rendering/ShrunkSource.h"
 #include "VeilshotCore/Rendering/SourceRows.h"
 
 #include <algorithm>
@@ -35,36 +36,46 @@ QRegion samplesFor(const QRegion& pixels, const GaussianPlan& plan) {
     });
 }
 
+/// What the lattices are made from.
+struct Source {
+    const QImage& pixels;
+    /// What is not opaque has to be weighted by alpha, in floats. Opaque pixels are summed up as bytes,
+    /// several times as fast.
+    Opacity opacity;
+    /// Only if opaque: where the first shrinking is kept, if it is.
+    ShrunkSource* shrunk = nullptr;
+};
+
 /// The lattice after the first `count` factors.
-std::unique_ptr<SampleRows> shrunkSource(const QImage& source, Opacity opacity,
-                                         const std::vector<int>& factors, std::size_t count,
-                                         const QRegion& needed, int rowsKept) {
+std::unique_ptr<SampleRows> shrunkSource(const Source& source, const std::vector<int>& factors,
+                                         std::size_t count, const QRegion& needed, int rowsKept) {
     if (count == 0)
-        return std::make_unique<SourceRows>(source, needed, rowsKept);
+        return std::make_unique<SourceRows>(source.pixels, needed, rowsKept);
     const int factor = factors[count - 1];
-    if (count == 1 && opacity == Opacity::opaque)
-        return std::make_unique<ShrunkPixels>(source, factor, needed, rowsKept);
-    QRect inputDomain = source.rect();
+    if (count == 1 && source.shrunk)
+        return source.shrunk->samples(source.pixels, needed, rowsKept);
+    if (count == 1 && source.opacity == Opacity::opaque)
+        return std::make_unique<ShrunkPixels>(source.pixels, factor, needed, rowsKept);
+    QRect inputDomain = source.pixels.rect();
     for (std::size_t i = 0; i + 1 < count; ++i)
         inputDomain = shrunkDomain(inputDomain, factors[i]);
-    auto input =
-        shrunkSource(source, opacity, factors, count - 1, inputsOfShrunk(needed, inputDomain, factor), 1);
+    auto input = shrunkSource(source, factors, count - 1, inputsOfShrunk(needed, inputDomain, factor), 1);
     return std::make_unique<ShrunkSamples>(std::move(input), factor, needed, rowsKept);
 }
 
-std::unique_ptr<SampleRows> blurredSource(const QImage& source, Opacity opacity, const GaussianPlan& plan,
+std::unique_ptr<SampleRows> blurredSource(const Source& source, const GaussianPlan& plan,
                                           const QRegion& needed, int rowsKept) {
-    QRect domain = source.rect();
+    QRect domain = source.pixels.rect();
     for (const int factor : plan.factors)
         domain = shrunkDomain(domain, factor);
-    auto shrunk = shrunkSource(source, opacity, plan.factors, plan.factors.size(),
+    auto shrunk = shrunkSource(source, plan.factors, plan.factors.size(),
                                BlurredRows::inputsFor(needed, domain, plan.radius()), 2 * plan.radius() + 1);
     return std::make_unique<BlurredRows>(std::move(shrunk), plan.kernel, needed, rowsKept);
 }
 
 void paintAtFullSize(const QImage& source, const GaussianPlan& plan, const QRegion& region,
                      PixelRows target) {
-    const auto samples = blurredSource(source, Opacity::mixed, plan, region, 1);
+    const auto samples = blurredSource({source, Opacity::mixed}, plan, region, 1);
     forEachRow(region, [&](int y, std::span<const QRect> rects) {
         for (const QRect& rect : rects)
             writePixels(samples->at(rect.left(), y), rect.width(), Opacity::mixed,
@@ -74,9 +85,9 @@ void paintAtFullSize(const QImage& source, const GaussianPlan& plan, const QRegi
 
 enum class Outcome { painted, sourceIsNotOpaque };
 
-Outcome paintEnlarged(const QImage& source, Opacity opacity, const GaussianPlan& plan, const QRegion& region,
+Outcome paintEnlarged(const Source& source, const GaussianPlan& plan, const QRegion& region,
                       PixelRows target) {
-    const auto samples = blurredSource(source, opacity, plan, samplesFor(region, plan), 4);
+    const auto samples = blurredSource(source, plan, samplesFor(region, plan), 4);
     const QRect bounds = region.boundingRect();
     std::vector<Neighbours> columns;
     columns.reserve(std::size_t(bounds.width()));
@@ -98,7 +109,7 @@ Outcome paintEnlarged(const QImage& source, Opacity opacity, const GaussianPlan&
                 samples->at(firstColumn, firstRow + 2), samples->at(firstColumn, firstRow + 3)};
             blendFourRows(rows, rowWeights, values, rowOfSamples.data());
             blendNeighbours(rowOfSamples.data(), firstColumn, column, rect.width(), rowOfPixels.data());
-            writePixels(rowOfPixels.data(), rect.width(), opacity, target.pixel(rect.left(), y));
+            writePixels(rowOfPixels.data(), rect.width(), source.opacity, target.pixel(rect.left(), y));
         }
     });
     return samples->isValid() ? Outcome::painted : Outcome::sourceIsNotOpaque;
@@ -106,7 +117,8 @@ Outcome paintEnlarged(const QImage& source, Opacity opacity, const GaussianPlan&
 
 } // namespace
 
-void paintGaussianBlur(const QImage& source, const QRegion& region, double sigma, PixelRows target) {
+void paintGaussianBlur(const QImage& source, qint64 sourceKey, const QRegion& region, double sigma,
+                       PixelRows target) {
     if (region.isEmpty())
         return;
     // Seen from so far away the picture itself is a dot and every pixel the average of the four corners, to
@@ -115,10 +127,16 @@ void paintGaussianBlur(const QImage& source, const QRegion& region, double sigma
     const GaussianPlan plan = GaussianPlan::forSigma(std::min(sigma, largestSigma));
     if (plan.factors.empty())
         return paintAtFullSize(source, plan, region, target);
-    // Opaque pixels are summed up as bytes, several times as fast. Whether they are opaque is known only
-    // after they were read: looking first would cost most screenshots, which are, another pass.
-    if (paintEnlarged(source, Opacity::opaque, plan, region, target) == Outcome::sourceIsNotOpaque)
-        paintEnlarged(source, Opacity::mixed, plan, region, target);
+    std::unique_ptr<ShrunkSource> shrunk;
+    if (plan.factors.front() == ShrunkSource::factor)
+        shrunk = ShrunkSource::take(source, sourceKey);
+    // Whether the pixels are opaque is known only after they were read: looking first would cost most
+    // screenshots, which are, another pass.
+    const Outcome outcome = paintEnlarged({source, Opacity::opaque, shrunk.get()}, plan, region, target);
+    if (outcome == Outcome::sourceIsNotOpaque)
+        paintEnlarged({source, Opacity::mixed}, plan, region, target);
+    else if (shrunk)
+        ShrunkSource::keep(std::move(shrunk));
 }
 
 } // namespace Veilshot

@@ -9,9 +9,8 @@ namespace Veilshot {
 namespace {
 
 constexpr double leastSigmaInSpacings = 2;
-/// Sixteen bits can sum up 16 rows of bytes, but the coarser the samples, the more pixels
-/// beyond the blur's reach are read for nothing: twelve is faster.
-constexpr double largestFactor = 12;
+/// The coarser the samples, the more of the finer ones beyond the blur's reach are read for nothing.
+constexpr double largestLaterFactor = 12;
 
 /// The weights of a sampled Gaussian at the distances 0 … radius, in proportion.
 std::vector<double> sampledGaussian(double variance, int radius) {
@@ -52,6 +51,7 @@ GaussianPlan GaussianPlan::forSigma(double sigma) {
     GaussianPlan plan;
     double variance = sigma * sigma;
     for (;;) {
+        const double largestFactor = plan.factors.empty() ? commonFactor : largestLaterFactor;
         const double factor =
             std::floor(std::min(sigma / plan.spacing / leastSigmaInSpacings, largestFactor));
         if (factor < 2)

@@ -21,7 +21,10 @@ namespace Veilshot {
 /// moment and the frequencies folded by shrinking; both stay below one grey level as long as the spacing is
 /// at most `sigma / 2`.
 struct GaussianPlan {
-    /// Shrinking factors, each from 2 to 12; none for a sigma too small to shrink.
+    /// The first factor of every sigma from 8 up: what the source was shrunk to for one of them serves all.
+    static constexpr int commonFactor = 4;
+
+    /// Shrinking factors, the first from 2 to 4, others to 12; none for a sigma too small to shrink.
     std::vector<int> factors;
     /// Between the samples, in pixels.
     double spacing = 1;

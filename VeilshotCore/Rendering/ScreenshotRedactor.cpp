@@ -3,6 +3,7 @@
 #include "VeilshotCore/Rendering/BitmapPool.h"
 #include "VeilshotCore/Rendering/GaussianBlur.h"
 #include "VeilshotCore/Rendering/Pixelation.h"
+#include "VeilshotCore/Rendering/ShrunkSource.h"
 
 #include <QColorSpace>
 #include <algorithm>
@@ -35,11 +36,11 @@ void paintBlack(const QRegion& region, PixelRows target) {
     }
 }
 
-void paint(const QImage& source, const QRegion& region, RedactionStyle style, double intensity,
-           PixelRows target) {
+void paint(const QImage& source, qint64 sourceKey, const QRegion& region, RedactionStyle style,
+           double intensity, PixelRows target) {
     switch (style) {
     case RedactionStyle::smooth:
-        return paintGaussianBlur(source, region, intensity, target);
+        return paintGaussianBlur(source, sourceKey, region, intensity, target);
     case RedactionStyle::pixelate:
         return paintPixelation(source, region, intensity > smallestCell ? intensity : smallestCell, target);
     case RedactionStyle::blackout:
@@ -60,8 +61,10 @@ QImage ScreenshotRedactor::render(const QImage& image, const SensitiveRegions& r
             return {};
         const bool isVisible = style != RedactionStyle::smooth || intensity >= smallestVisibleSigma;
         const QRegion painted = isVisible ? coveredPixels(regions, source.size()) : QRegion();
-        std::unique_ptr<PooledBitmap> bitmap = BitmapPool::shared().take(source, image.cacheKey(), painted);
-        paint(source, painted, style, intensity, bitmap->rows());
+        // The caller's key: what was converted has a new one each time.
+        const qint64 sourceKey = image.cacheKey();
+        std::unique_ptr<PooledBitmap> bitmap = BitmapPool::shared().take(source, sourceKey, painted);
+        paint(source, sourceKey, painted, style, intensity, bitmap->rows());
         QImage result = BitmapPool::shared().wrap(std::move(bitmap));
         result.setColorSpace(source.colorSpace());
         return result;
@@ -72,6 +75,7 @@ QImage ScreenshotRedactor::render(const QImage& image, const SensitiveRegions& r
 
 void ScreenshotRedactor::releaseMemory() {
     BitmapPool::shared().release();
+    ShrunkSource::release();
 }
 
 } // namespace Veilshot

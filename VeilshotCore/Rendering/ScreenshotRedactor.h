@@ -30,13 +30,15 @@ public:
     ///
     /// Runs in the calling thread and waits for no other; any thread may call it. The source's pixels must
     /// not change behind the back of QImage::cacheKey() between two renders of it: a result takes
-    /// over what lies outside the regions from an earlier one of the same source. The result is an ordinary
+    /// over what lies outside the regions, and a blur what was averaged, from an earlier one of the same
+    /// source. The result is an ordinary
     /// image: to write to it makes a copy of it.
     QImage render(const QImage& image, const SensitiveRegions& regions, RedactionStyle style,
                   double intensity) const;
 
-    /// The renderer keeps the memory of up to two pictures for the next render of the same size. This gives
-    /// it back, for example once the picture is closed.
+    /// The renderer keeps the memory of up to two pictures for the next render of the same size, and
+    /// averages of the last source that was blurred, up to a quarter of a picture. This gives all of it back,
+    /// for example once the picture is closed.
     static void releaseMemory();
 };
 
