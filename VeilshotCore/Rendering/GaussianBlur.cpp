@@ -53,13 +53,14 @@ std::unique_ptr<SampleRows> shrunkSource(const Source& source, const std::vector
         return std::make_unique<SourceRows>(source.pixels, needed, rowsKept);
     const int factor = factors[count - 1];
     if (count == 1 && source.shrunk)
-        return source.shrunk->samples(source.pixels, needed, rowsKept);
+        return source.shrunk->samples(source.pixels, needed);
     if (count == 1 && source.opacity == Opacity::opaque)
         return std::make_unique<ShrunkPixels>(source.pixels, factor, needed, rowsKept);
     QRect inputDomain = source.pixels.rect();
     for (std::size_t i = 0; i + 1 < count; ++i)
         inputDomain = shrunkDomain(inputDomain, factors[i]);
-    auto input = shrunkSource(source, factors, count - 1, inputsOfShrunk(needed, inputDomain, factor), 1);
+    auto input =
+        shrunkSource(source, factors, count - 1, inputsOfShrunk(needed, inputDomain, factor), factor);
     return std::make_unique<ShrunkSamples>(std::move(input), factor, needed, rowsKept);
 }
 

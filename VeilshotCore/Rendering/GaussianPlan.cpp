@@ -9,9 +9,6 @@ namespace Veilshot {
 namespace {
 
 constexpr double leastSigmaInSpacings = 2;
-/// The coarser the samples, the more of the finer ones beyond the blur's reach are read for nothing.
-constexpr double largestLaterFactor = 12;
-
 /// The weights of a sampled Gaussian at the distances 0 … radius, in proportion.
 std::vector<double> sampledGaussian(double variance, int radius) {
     std::vector<double> weights{1};
@@ -51,9 +48,8 @@ GaussianPlan GaussianPlan::forSigma(double sigma) {
     GaussianPlan plan;
     double variance = sigma * sigma;
     for (;;) {
-        const double largestFactor = plan.factors.empty() ? commonFactor : largestLaterFactor;
-        const double factor =
-            std::floor(std::min(sigma / plan.spacing / leastSigmaInSpacings, largestFactor));
+        const double largest = plan.factors.empty() ? commonFactor : largestFactor;
+        const double factor = std::floor(std::min(sigma / plan.spacing / leastSigmaInSpacings, largest));
         if (factor < 2)
             break;
         variance -= (factor * factor / 6 + 1.0 / 12) * plan.spacing * plan.spacing;

@@ -23,8 +23,11 @@ namespace Veilshot {
 struct GaussianPlan {
     /// The first factor of every sigma from 8 up: what the source was shrunk to for one of them serves all.
     static constexpr int commonFactor = 4;
+    /// The coarser the samples, the more of the finer ones beyond the blur's reach are read for nothing.
+    static constexpr int largestFactor = 12;
 
-    /// Shrinking factors, the first from 2 to 4, others to 12; none for a sigma too small to shrink.
+    /// Shrinking factors, the first from 2 to 4, the others up to the largest; none for a sigma too small to
+    /// shrink.
     std::vector<int> factors;
     /// Between the samples, in pixels.
     double spacing = 1;

@@ -12,62 +12,49 @@ namespace Veilshot {
 
 namespace {
 
-inline void addByte(uchar value, std::uint16_t& plainSum, std::uint16_t& runningSum) {
-    plainSum = static_cast<std::uint16_t>(plainSum + value);
-    runningSum = static_cast<std::uint16_t>(runningSum + plainSum);
+template<std::size_t count>
+inline void weigh(const std::array<const uchar*, count>& rows, int valueCount,
+                  std::uint16_t* __restrict rising, std::uint16_t* __restrict falling) {
+    for (int i = 0; i < valueCount; ++i) {
+        unsigned plainSum = 0;
+        unsigned runningSum = 0;
+        for (const uchar* row : rows) {
+            plainSum += row[i];
+            runningSum += plainSum;
+        }
+        const unsigned fallingSum = 2 * runningSum - plainSum;
+        falling[i] = static_cast<std::uint16_t>(fallingSum);
+        rising[i] = static_cast<std::uint16_t>(2 * unsigned(count) * plainSum - fallingSum);
+    }
 }
 
 } // namespace
 
 VEILSHOT_ALSO_FOR_AVX2
-void addRow(const uchar* row, int count, std::uint16_t* __restrict plainSums,
-            std::uint16_t* __restrict runningSums) {
-    for (int i = 0; i < count; ++i)
-        addByte(row[i], plainSums[i], runningSums[i]);
+void weighTwoRows(const std::array<const uchar*, 2>& rows, int count, std::uint16_t* __restrict rising,
+                  std::uint16_t* __restrict falling) {
+    weigh(rows, count, rising, falling);
 }
 
 VEILSHOT_ALSO_FOR_AVX2
-void addFourRows(const std::array<const uchar*, 4>& rows, int count, std::uint16_t* __restrict plainSums,
-                 std::uint16_t* __restrict runningSums) {
-    const auto [row0, row1, row2, row3] = rows;
-    for (int i = 0; i < count; ++i) {
-        std::uint16_t plainSum = plainSums[i];
-        std::uint16_t runningSum = runningSums[i];
-        addByte(row0[i], plainSum, runningSum);
-        addByte(row1[i], plainSum, runningSum);
-        addByte(row2[i], plainSum, runningSum);
-        addByte(row3[i], plainSum, runningSum);
-        plainSums[i] = plainSum;
-        runningSums[i] = runningSum;
-    }
+void weighThreeRows(const std::array<const uchar*, 3>& rows, int count, std::uint16_t* __restrict rising,
+                    std::uint16_t* __restrict falling) {
+    weigh(rows, count, rising, falling);
 }
 
 VEILSHOT_ALSO_FOR_AVX2
-void addSixRows(const std::array<const uchar*, 6>& rows, int count, std::uint16_t* __restrict plainSums,
-                std::uint16_t* __restrict runningSums) {
-    const auto [row0, row1, row2, row3, row4, row5] = rows;
-    for (int i = 0; i < count; ++i) {
-        std::uint16_t plainSum = plainSums[i];
-        std::uint16_t runningSum = runningSums[i];
-        addByte(row0[i], plainSum, runningSum);
-        addByte(row1[i], plainSum, runningSum);
-        addByte(row2[i], plainSum, runningSum);
-        addByte(row3[i], plainSum, runningSum);
-        addByte(row4[i], plainSum, runningSum);
-        addByte(row5[i], plainSum, runningSum);
-        plainSums[i] = plainSum;
-        runningSums[i] = runningSum;
-    }
+void weighFourRows(const std::array<const uchar*, 4>& rows, int count, std::uint16_t* __restrict rising,
+                   std::uint16_t* __restrict falling) {
+    weigh(rows, count, rising, falling);
 }
 
 VEILSHOT_ALSO_FOR_AVX2
-void weighSums(int rowCount, int count, std::uint16_t* __restrict plainToRising,
-               std::uint16_t* __restrict runningToFalling) {
+void addMirroredRows(const MirroredRows& rows, int count, float* __restrict rising,
+                     float* __restrict falling) {
+    const auto [top, bottom, smallWeight, largeWeight] = rows;
     for (int i = 0; i < count; ++i) {
-        const std::uint16_t plainSum = plainToRising[i];
-        const auto falling = static_cast<std::uint16_t>(2 * runningToFalling[i] - plainSum);
-        plainToRising[i] = static_cast<std::uint16_t>(2 * rowCount * plainSum - falling);
-        runningToFalling[i] = falling;
+        rising[i] += smallWeight * top[i] + largeWeight * bottom[i];
+        falling[i] += largeWeight * top[i] + smallWeight * bottom[i];
     }
 }
 

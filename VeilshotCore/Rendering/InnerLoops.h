@@ -10,20 +10,26 @@ namespace Veilshot {
 /// instructions, built twice where that is possible: for any processor and for those with AVX2.
 /// `count` is in values, four to a pixel or sample. Inputs do not overlap outputs.
 
-/// Adds bytes of rows from top to bottom: to `plainSums` each of them, to `runningSums` the plain sum after
-/// each.
-void addRow(const uchar* row, int count, std::uint16_t* plainSums, std::uint16_t* runningSums);
-void addFourRows(const std::array<const uchar*, 4>& rows, int count, std::uint16_t* plainSums,
-                 std::uint16_t* runningSums);
-void addSixRows(const std::array<const uchar*, 6>& rows, int count, std::uint16_t* plainSums,
-                std::uint16_t* runningSums);
-
-/// Turns plain into rising and running into falling sums of `rowCount` rows.
+/// Sums up n rows of bytes, from top to bottom, with the weights 1, 3, … 2n − 1 (rising) and with the same
+/// from bottom to top (falling). The weights add up to n²: the results fit into 16 bits.
 ///
 /// With s1 = Σ p_i and s2 = Σ (s1 after each step) = Σ (n − i)·p_i, the sum with the falling weights
-/// 2(n − i) − 1 is 2·s2 − s1, and that with the rising ones, 2i + 1, is 2n·s1 minus it. The weights add up
-/// to n²: for up to 16 rows of bytes the results fit into 16 bits, whatever overflows on the way.
-void weighSums(int rowCount, int count, std::uint16_t* plainToRising, std::uint16_t* runningToFalling);
+/// 2(n − i) − 1 is 2·s2 − s1, and that with the rising ones, 2i + 1, is 2n·s1 minus it.
+void weighTwoRows(const std::array<const uchar*, 2>& rows, int count, std::uint16_t* rising,
+                  std::uint16_t* falling);
+void weighThreeRows(const std::array<const uchar*, 3>& rows, int count, std::uint16_t* rising,
+                    std::uint16_t* falling);
+void weighFourRows(const std::array<const uchar*, 4>& rows, int count, std::uint16_t* rising,
+                   std::uint16_t* falling);
+
+/// Adds two rows to the same kinds of sum: one as far from the top as the other is from the bottom.
+struct MirroredRows {
+    const float* top;
+    const float* bottom;
+    float smallWeight;
+    float largeWeight;
+};
+void addMirroredRows(const MirroredRows& rows, int count, float* rising, float* falling);
 
 /// sums += weight · (before + after), for two pairs.
 struct WeightedPair {

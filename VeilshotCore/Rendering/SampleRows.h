@@ -14,20 +14,22 @@ class SampleRows {
 public:
     virtual ~SampleRows() = default;
 
-    /// The samples outside `domain` repeat its outermost ones. `needed` lies inside of it.
+    /// The samples outside `domain` repeat its outermost ones. `needed` lies inside of it. Only who has the
+    /// rows elsewhere keeps none.
     SampleRows(const QRect& domain, const QRegion& needed, int rowsKept);
 
     const QRect& domain() const { return m_domain; }
     /// The sample and, to its right, the others of the same rectangle of the needed region. `row` is clamped
     /// to the domain, `column` has to be in it. Rows must be asked for in ascending order, or be among the
     /// last `rowsKept`; the samples stay in place as long.
-    const float* at(int column, int row);
+    virtual const float* at(int column, int row);
     /// False once a row was made from pixels that the lattice cannot represent because they are not opaque.
     virtual bool isValid() const = 0;
 
 protected:
     const QRegion& needed() const { return m_needed; }
-    /// Writes the needed samples of a row; `samples` is that of the column `needed().boundingRect().left()`.
+    /// Writes the needed samples of a row, in ascending order of the rows; `samples` is that of the column
+    /// `needed().boundingRect().left()`.
     virtual void make(int row, float* samples) = 0;
 
 private:

@@ -1,9 +1,11 @@
 #include "VeilshotCore/Rendering/ShrunkRows.h"
 
+#include "VeilshotCore/Rendering/GaussianPlan.h"
 #include "VeilshotCore/Rendering/InnerLoops.h"
 #include "VeilshotCore/Rendering/RegionRows.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <type_traits>
 
@@ -90,18 +92,22 @@ void ShrunkRows<Sum>::averageColumns(const QRect& rect, float* samples) {
     const Sum* below = m_falling.data() + offset;
     FourTotals risingLeft{};
     for (int sample = -1; sample < rect.width(); ++sample) {
-        FourTotals plainSum{};
-        FourTotals runningSum{};
+        // Unlike in weighTwoRows(), each plain sum is added before the column: the sum with the falling
+        // weights is 2·s2 + s1, and even 16 bits hold both, since Σ (n − 1 − i) times 2·4² bytes is at most
+        // 48960.
+        FourSums shortPlainSum{};
+        FourSums shortRunningSum{};
         for (int column = 0; column < m_factor; ++column, above += 4, below += 4) {
             FourSums fourAbove;
             FourSums fourBelow;
             std::memcpy(&fourAbove, above, sizeof fourAbove);
             std::memcpy(&fourBelow, below, sizeof fourBelow);
-            plainSum += __builtin_convertvector(fourAbove, FourTotals) +
-                        __builtin_convertvector(fourBelow, FourTotals);
-            runningSum += plainSum;
+            shortRunningSum += shortPlainSum;
+            shortPlainSum += fourAbove + fourBelow;
         }
-        const FourTotals falling = runningSum + runningSum - plainSum; // see weighSums()
+        const auto plainSum = __builtin_convertvector(shortPlainSum, FourTotals);
+        const auto runningSum = __builtin_convertvector(shortRunningSum, FourTotals);
+        const FourTotals falling = runningSum + runningSum + plainSum;
         if (sample >= 0) {
             const FourTotals total = risingLeft + falling;
             isOpaque &= total[3] == opaqueTotal;
@@ -122,24 +128,18 @@ ShrunkPixels::ShrunkPixels(const QImage& source, int factor, const QRegion& need
 void ShrunkPixels::sumBlock(int block, int firstColumn, int count, std::uint16_t* rising,
                             std::uint16_t* falling) {
     const int values = 4 * count;
-    const int rowCount = factor();
     const auto pixelsOf = [&](int row) {
-        const int inside = std::clamp(block * rowCount + row, inputDomain().top(), inputDomain().bottom());
+        const int inside = std::clamp(block * factor() + row, inputDomain().top(), inputDomain().bottom());
         return m_source.constScanLine(inside) + 4 * qsizetype(firstColumn);
     };
-    std::fill_n(rising, values, 0);
-    std::fill_n(falling, values, 0);
-    int row = 0;
-    for (; row + 6 <= rowCount; row += 6)
-        addSixRows({pixelsOf(row), pixelsOf(row + 1), pixelsOf(row + 2), pixelsOf(row + 3), pixelsOf(row + 4),
-                    pixelsOf(row + 5)},
-                   values, rising, falling);
-    for (; row + 4 <= rowCount; row += 4)
-        addFourRows({pixelsOf(row), pixelsOf(row + 1), pixelsOf(row + 2), pixelsOf(row + 3)}, values, rising,
-                    falling);
-    for (; row < rowCount; ++row)
-        addRow(pixelsOf(row), values, rising, falling);
-    weighSums(rowCount, values, rising, falling);
+    switch (factor()) {
+    case 2:
+        return weighTwoRows({pixelsOf(0), pixelsOf(1)}, values, rising, falling);
+    case 3:
+        return weighThreeRows({pixelsOf(0), pixelsOf(1), pixelsOf(2)}, values, rising, falling);
+    default:
+        return weighFourRows({pixelsOf(0), pixelsOf(1), pixelsOf(2), pixelsOf(3)}, values, rising, falling);
+    }
 }
 
 ShrunkSamples::ShrunkSamples(std::unique_ptr<SampleRows> input, int factor, const QRegion& needed,
@@ -150,17 +150,16 @@ void ShrunkSamples::sumBlock(int block, int firstColumn, int count, float* risin
     const int values = 4 * count;
     std::fill_n(rising, values, 0.0f);
     std::fill_n(falling, values, 0.0f);
-    for (int row = 0; row < factor(); ++row) {
-        const float* samples = m_input->at(firstColumn, block * factor() + row);
-        for (int i = 0; i < values; ++i) {
-            rising[i] += samples[i];
-            falling[i] += rising[i];
-        }
-    }
-    const auto twiceCount = static_cast<float>(2 * factor());
-    for (int i = 0; i < values; ++i) { // see weighSums()
-        falling[i] = 2 * falling[i] - rising[i];
-        rising[i] = twiceCount * rising[i] - falling[i];
+    // The rows have to be asked for in order, but are added from the outside in.
+    std::array<const float*, GaussianPlan::largestFactor> rows;
+    for (int row = 0; row < factor(); ++row)
+        rows[std::size_t(row)] = m_input->at(firstColumn, block * factor() + row);
+    for (int top = 0; 2 * top < factor(); ++top) {
+        const int bottom = factor() - 1 - top;
+        const float share = top == bottom ? 0.5f : 1; // the middle row is a pair with itself
+        addMirroredRows({rows[std::size_t(top)], rows[std::size_t(bottom)],
+                         share * static_cast<float>(2 * top + 1), share * static_cast<float>(2 * bottom + 1)},
+                        values, rising, falling);
     }
 }
 

@@ -24,8 +24,9 @@ protected:
     /// columns: with the weights 1, 3, 5, … from top to bottom, and with the same from bottom to top.
     virtual void sumBlock(int block, int firstColumn, int count, Sum* rising, Sum* falling) = 0;
 
-private:
     void make(int row, float* samples) override;
+
+private:
     void sumBlock(int block);
     void averageColumns(const QRect& rect, float* samples);
 
@@ -42,11 +43,13 @@ private:
 };
 
 /// Made from the pixels of an image in Format_RGBA8888, which must outlive it. Bytes cannot hold colours
-/// weighted by alpha: it is valid for opaque pixels only.
+/// weighted by alpha: it is valid for opaque pixels only. `factor` is from 2 to 4.
 class ShrunkPixels : public ShrunkRows<std::uint16_t> {
 public:
     ShrunkPixels(const QImage& source, int factor, const QRegion& needed, int rowsKept);
     bool isValid() const override { return isOpaqueSoFar(); }
+    /// For who keeps the samples elsewhere than in here.
+    using ShrunkRows::make;
 
 private:
     void sumBlock(int block, int firstColumn, int count, std::uint16_t* rising,
@@ -55,7 +58,7 @@ private:
     const QImage& m_source;
 };
 
-/// Made from another lattice.
+/// Made from another lattice, which keeps `factor` rows.
 class ShrunkSamples : public ShrunkRows<float> {
 public:
     ShrunkSamples(std::unique_ptr<SampleRows> input, int factor, const QRegion& needed, int rowsKept);

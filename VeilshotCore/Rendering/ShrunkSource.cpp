@@ -31,20 +31,17 @@ Kept& kept() {
 
 } // namespace
 
-/// Copies rows of the samples: the copies stay in the cache while they are worked on.
 class ShrunkSource::Rows : public SampleRows {
 public:
-    Rows(const ShrunkSource& shrunk, bool isOpaque, const QRegion& needed, int rowsKept)
-        : SampleRows(shrunk.m_domain, needed, rowsKept), m_shrunk(shrunk), m_isOpaque(isOpaque) {}
+    Rows(const ShrunkSource& shrunk, bool isOpaque, const QRegion& needed)
+        : SampleRows(shrunk.m_domain, needed, 0), m_shrunk(shrunk), m_isOpaque(isOpaque) {}
+    const float* at(int column, int row) override {
+        return m_shrunk.at(column, std::clamp(row, domain().top(), domain().bottom()));
+    }
     bool isValid() const override { return m_isOpaque; }
 
 private:
-    void make(int row, float* samples) override {
-        const int first = needed().boundingRect().left();
-        for (const QRect& rect : rectsInRow(needed(), row))
-            std::copy_n(m_shrunk.at(rect.left(), row), 4 * qsizetype(rect.width()),
-                        samples + 4 * qsizetype(rect.left() - first));
-    }
+    void make(int, float*) override {} // all of them are there
 
     const ShrunkSource& m_shrunk;
     bool m_isOpaque;
@@ -90,9 +87,9 @@ ShrunkSource::ShrunkSource(const QRect& domain, qint64 sourceKey)
       m_samples(std::make_unique_for_overwrite<float[]>(4 * std::size_t(m_domain.width()) *
                                                         std::size_t(m_domain.height()))) {}
 
-std::unique_ptr<SampleRows> ShrunkSource::samples(const QImage& source, const QRegion& needed, int rowsKept) {
+std::unique_ptr<SampleRows> ShrunkSource::samples(const QImage& source, const QRegion& needed) {
     const bool isOpaque = makeMissing(source, needed);
-    return std::make_unique<Rows>(*this, isOpaque, needed, rowsKept);
+    return std::make_unique<Rows>(*this, isOpaque, needed);
 }
 
 bool ShrunkSource::makeMissing(const QImage& source, const QRegion& needed) {
@@ -101,14 +98,13 @@ bool ShrunkSource::makeMissing(const QImage& source, const QRegion& needed) {
     const QRegion missing = needed.subtracted(m_made);
     if (missing.isEmpty())
         return true;
-    ShrunkPixels shrunk(source, factor, missing, 1);
-    forEachRow(missing, [&](int row, std::span<const QRect> rects) {
-        if (!shrunk.isValid())
-            return;
-        for (const QRect& rect : rects)
-            std::copy_n(shrunk.at(rect.left(), row), 4 * qsizetype(rect.width()), at(rect.left(), row));
+    ShrunkPixels shrunk(source, factor, missing, 0);
+    const int firstColumn = missing.boundingRect().left();
+    forEachRow(missing, [&](int row, std::span<const QRect>) {
+        if (shrunk.isValid())
+            shrunk.make(row, at(firstColumn, row));
     });
-    m_made += missing;
+    m_made = shrunk.isValid() ? m_made.united(missing) : QRegion();
     return shrunk.isValid();
 }
 

@@ -31,7 +31,7 @@ public:
     /// The lattice that ShrunkPixels makes, to the bit, but only what is missing is made. It reads from this
     /// object, which must outlive it. If a needed sample sees a pixel that is not opaque, the lattice is
     /// invalid and this object of no more use.
-    std::unique_ptr<SampleRows> samples(const QImage& source, const QRegion& needed, int rowsKept);
+    std::unique_ptr<SampleRows> samples(const QImage& source, const QRegion& needed);
 
 private:
     ShrunkSource(const QRect& domain, qint64 sourceKey);
