@@ -35,7 +35,7 @@ int radiusFor(double variance, double tailInSigmas) {
 /// A Gaussian cut off early, since the other steps reach further, and widened to have the variance all the
 /// same.
 std::vector<double> compactGaussian(double variance) {
-    const int radius = radiusFor(variance, 3);
+    const int radius = radiusFor(variance, 3.2);
     double parameter = variance;
     for (int step = 0; step < 8; ++step)
         parameter *= variance / varianceOf(sampledGaussian(parameter, radius));

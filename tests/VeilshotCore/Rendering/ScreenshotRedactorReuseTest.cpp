@@ -16,22 +16,44 @@ struct Task {
     double intensity;
 };
 
-/// Every source, style and set of areas after every other one.
+constexpr QSize size(320, 240);
+constexpr int sourceCount = 5;
+
+/// Sources, styles and sets of areas (growing, shrinking, moved, apart) one after the other, at random. Blurs
+/// take up most of it, with and without samples in common.
 std::vector<Task> tasks() {
     const std::vector<QRect> areaSets[] = {{{10, 10, 60, 12}, {100, 50, 40, 20}},
                                            {{40, 15, 60, 12}},
-                                           {{0, 0, 200, 150}},
-                                           {{150, 140, 50, 10}, {3, 3, 1, 1}}};
+                                           {{30, 10, 80, 30}},
+                                           {{0, 0, 320, 240}},
+                                           {{150, 140, 50, 10}, {3, 3, 1, 1}},
+                                           {{10, 200, 40, 12}, {130, 120, 9, 70}}};
     std::vector<Task> all;
-    for (int source = 0; source < 3; ++source)
-        for (const std::vector<QRect>& areas : areaSets)
-            for (const RedactionStyle style : allRedactionStyles)
-                all.push_back({source, areas, style, 5.0 + 7 * source});
+    for (int source = 0; source < sourceCount; ++source) {
+        for (const std::vector<QRect>& areas : areaSets) {
+            for (const double sigma : {5.0, 8.0, 13.0, 18.0, 36.0, 75.0})
+                all.push_back({source, areas, RedactionStyle::smooth, sigma});
+            all.push_back({source, areas, RedactionStyle::pixelate, 12});
+            all.push_back({source, areas, RedactionStyle::blackout, 0});
+        }
+    }
     std::vector<Task> sequence;
     std::mt19937 random(3);
-    while (sequence.size() < 150)
-        sequence.push_back(all[random() % all.size()]);
+    int source = 0;
+    while (sequence.size() < 200) {
+        const Task& task = all[random() % all.size()];
+        if (sequence.size() % 4 == 0) // several renders of one source in a row
+            source = task.source;
+        sequence.push_back(task);
+        sequence.back().source = source;
+    }
     return sequence;
+}
+
+/// Opaque wherever a blur near the other corners looks.
+QImage withTranslucentCorner(QImage image) {
+    image.setPixelColor(image.width() - 1, image.height() - 1, QColor(200, 10, 60, 254));
+    return image;
 }
 
 class ScreenshotRedactorReuse : public testing::Test {
@@ -51,8 +73,9 @@ protected:
         return result.copy();
     }
 
-    std::vector<QImage> sources{translucentNoise({200, 150}), blackAndWhiteNoise({200, 150}),
-                                blackAndWhiteNoise({150, 200})};
+    std::vector<QImage> sources{
+        translucentNoise(size), blackAndWhiteNoise(size), blackAndWhiteNoise(size).mirrored(true, true),
+        withTranslucentCorner(blackAndWhiteNoise(size)), blackAndWhiteNoise(size.transposed())};
 };
 
 TEST_F(ScreenshotRedactorReuse, EveryRenderEqualsAFreshOneAndLaterOnesLeaveItAlone) {
@@ -114,10 +137,12 @@ TEST_F(ScreenshotRedactorReuse, WritingToAResultNeverReachesALaterOne) {
 }
 
 TEST_F(ScreenshotRedactorReuse, AChangedSourceIsReadAgain) {
-    const Task task{1, {{40, 40, 30, 30}}, RedactionStyle::blackout, 0};
+    const Task task{1, {{40, 40, 30, 30}}, RedactionStyle::smooth, 18};
     render(task);
-    sources[1].setPixelColor(0, 0, QColor(1, 2, 3));
-    EXPECT_EQ(render(task).pixelColor(0, 0), QColor(1, 2, 3));
+    sources[1].fill(QColor(1, 2, 3));
+    const QImage result = render(task);
+    EXPECT_EQ(result.pixelColor(0, 0), QColor(1, 2, 3));
+    EXPECT_EQ(result.pixelColor(55, 55), QColor(1, 2, 3));
 }
 
 TEST_F(ScreenshotRedactorReuse, SeveralThreadsRenderAtOnce) {
