@@ -29,6 +29,8 @@ protected:
 private:
     void sumBlock(int block);
     void averageColumns(const QRect& rect, float* samples);
+    template<typename Factor>
+    void averageColumns(Factor factor, const QRect& rect, float* samples);
 
     int m_factor;
     QRect m_inputDomain;
