@@ -49,12 +49,13 @@ void weighFourRows(const std::array<const uchar*, 4>& rows, int count, std::uint
 }
 
 VEILSHOT_ALSO_FOR_AVX2
-void addMirroredRows(const MirroredRows& rows, int count, float* __restrict rising,
-                     float* __restrict falling) {
-    const auto [top, bottom, smallWeight, largeWeight] = rows;
+void addMirroredRows(const MirroredRows& first, const MirroredRows& second, int count,
+                     float* __restrict rising, float* __restrict falling) {
+    const auto [top1, bottom1, small1, large1] = first;
+    const auto [top2, bottom2, small2, large2] = second;
     for (int i = 0; i < count; ++i) {
-        rising[i] += smallWeight * top[i] + largeWeight * bottom[i];
-        falling[i] += largeWeight * top[i] + smallWeight * bottom[i];
+        rising[i] += small1 * top1[i] + large1 * bottom1[i] + (small2 * top2[i] + large2 * bottom2[i]);
+        falling[i] += large1 * top1[i] + small1 * bottom1[i] + (large2 * top2[i] + small2 * bottom2[i]);
     }
 }
 

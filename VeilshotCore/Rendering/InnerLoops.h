@@ -22,14 +22,16 @@ void weighThreeRows(const std::array<const uchar*, 3>& rows, int count, std::uin
 void weighFourRows(const std::array<const uchar*, 4>& rows, int count, std::uint16_t* rising,
                    std::uint16_t* falling);
 
-/// Adds two rows to the same kinds of sum: one as far from the top as the other is from the bottom.
+/// Adds two pairs of rows to the same kinds of sum; of a pair, one row is as far from the top as the other is
+/// from the bottom.
 struct MirroredRows {
     const float* top;
     const float* bottom;
     float smallWeight;
     float largeWeight;
 };
-void addMirroredRows(const MirroredRows& rows, int count, float* rising, float* falling);
+void addMirroredRows(const MirroredRows& first, const MirroredRows& second, int count, float* rising,
+                     float* falling);
 
 /// sums += weight · (before + after), for two pairs.
 struct WeightedPair {

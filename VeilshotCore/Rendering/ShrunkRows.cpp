@@ -164,13 +164,15 @@ void ShrunkSamples::sumBlock(int block, int firstColumn, int count, float* risin
     std::array<const float*, GaussianPlan::largestFactor> rows;
     for (int row = 0; row < factor(); ++row)
         rows[std::size_t(row)] = m_input->at(firstColumn, block * factor() + row);
-    for (int top = 0; 2 * top < factor(); ++top) {
+    const auto pairFrom = [&](int top) -> MirroredRows {
         const int bottom = factor() - 1 - top;
-        const float share = top == bottom ? 0.5f : 1; // the middle row is a pair with itself
-        addMirroredRows({rows[std::size_t(top)], rows[std::size_t(bottom)],
-                         share * static_cast<float>(2 * top + 1), share * static_cast<float>(2 * bottom + 1)},
-                        values, rising, falling);
-    }
+        // The middle row is a pair with itself, and beyond it every pair has been added.
+        const float share = top < bottom ? 1 : top == bottom ? 0.5f : 0;
+        return {rows[std::size_t(top)], rows[std::size_t(bottom)], share * static_cast<float>(2 * top + 1),
+                share * static_cast<float>(2 * bottom + 1)};
+    };
+    for (int top = 0; 2 * top < factor(); top += 2)
+        addMirroredRows(pairFrom(top), pairFrom(top + 1), values, rising, falling);
 }
 
 } // namespace Veilshot
