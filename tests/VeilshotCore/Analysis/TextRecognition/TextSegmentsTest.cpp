@@ -39,7 +39,7 @@ std::vector<QRect> boxes(const std::vector<TextSegment>& segments) {
     return boxes;
 }
 
-bool isWanted() {
+bool neverCancelled() {
     return false;
 }
 
@@ -54,7 +54,7 @@ TEST(TextSegments, AreDarkOnWhiteWhateverTheirColours) {
         drawWord(image, {260, 50}, QColor(120, 120, 120), Qt::white),
         drawWord(image, {360, 225}, Qt::white, QColor(10, 120, 240)),
     };
-    const auto segments = findTextSegments(image, isWanted);
+    const auto segments = findTextSegments(image, neverCancelled);
     ASSERT_EQ(boxes(segments), words);
     for (const TextSegment& segment : segments) {
         EXPECT_EQ(segment.ink.size(), segment.box.size());
@@ -69,7 +69,7 @@ TEST(TextSegments, KeepTheCellsOfARowApartAndLeaveOutRulesAndFilledShapes) {
     fill(image, {20, 60, 30, 30}, QColor(200, 80, 0)); // an avatar
     const QRect first = drawWord(image, {60, 70}, Qt::black, Qt::white);
     const QRect second = drawWord(image, {200, 70}, Qt::black, Qt::white);
-    EXPECT_EQ(boxes(findTextSegments(image, isWanted)), (std::vector{first, second}));
+    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), (std::vector{first, second}));
 }
 
 TEST(TextSegments, KeepTheirLettersWhereALineTouchesThem) {
@@ -83,7 +83,7 @@ TEST(TextSegments, KeepTheirLettersWhereALineTouchesThem) {
             fill(image, {20, 62, 1, 27}, Qt::black);
             fill(image, {1219, 62, 1, 27}, Qt::black);
         }
-        const auto segments = findTextSegments(image, isWanted);
+        const auto segments = findTextSegments(image, neverCancelled);
         ASSERT_EQ(segments.size(), 1u) << y;
         EXPECT_GE(segments[0].box.height(), 9);
         EXPECT_EQ(segments[0].box.left(), word.left());
@@ -98,7 +98,7 @@ TEST(TextSegments, MayBeTallerThanAnyLineOfAProgram) {
         fill(image, outer, Qt::black);
         fill(image, outer.adjusted(20, 20, -20, -20), Qt::white);
     }
-    const auto segments = findTextSegments(image, isWanted);
+    const auto segments = findTextSegments(image, neverCancelled);
     ASSERT_EQ(segments.size(), 1u);
     EXPECT_LE(std::abs(segments[0].box.left() - 100), 4);
     EXPECT_LE(std::abs(segments[0].box.bottom() - 439), 4);
@@ -115,7 +115,7 @@ TEST(TextSegments, AreNotMadeOfTheNoiseOfACamera) {
                 image.scanLine(y)[x] = static_cast<uchar>(std::clamp(noise(random), 0.0, 255.0));
         }
     }
-    EXPECT_LT(findTextSegments(image, isWanted).size(), 20u);
+    EXPECT_LT(findTextSegments(image, neverCancelled).size(), 20u);
 }
 
 TEST(TextSegments, AreWholeWhereTilesMeetAndAppearOnce) {
@@ -123,21 +123,21 @@ TEST(TextSegments, AreWholeWhereTilesMeetAndAppearOnce) {
     std::vector<QRect> words;
     for (int y = 14; y < 2180; y += 60)
         words.push_back(drawWord(image, {100, y}, Qt::black, Qt::white));
-    EXPECT_EQ(boxes(findTextSegments(image, isWanted)), words);
+    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), words);
 }
 
 TEST(TextSegments, AreFoundOnTransparentPictures) {
     for (const QColor colour : {QColor(Qt::white), QColor(Qt::black)}) {
         QImage image = page({300, 100}, Qt::transparent);
         const QRect word = drawWord(image, {100, 40}, colour, Qt::transparent);
-        EXPECT_EQ(boxes(findTextSegments(image, isWanted)), std::vector{word});
+        EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), std::vector{word});
     }
 }
 
 TEST(TextSegments, OfOddPicturesAreNone) {
-    EXPECT_TRUE(findTextSegments({}, isWanted).empty());
+    EXPECT_TRUE(findTextSegments({}, neverCancelled).empty());
     for (const QSize size : {QSize(1, 1), QSize(1, 20000), QSize(20000, 1), QSize(640, 480)})
-        EXPECT_TRUE(findTextSegments(page(size, Qt::blue), isWanted).empty());
+        EXPECT_TRUE(findTextSegments(page(size, Qt::blue), neverCancelled).empty());
     QImage image = page({300, 100}, Qt::white);
     drawWord(image, {100, 40}, Qt::black, Qt::white);
     EXPECT_TRUE(findTextSegments(image, [] { return true; }).empty()); // cancelled
