@@ -26,8 +26,6 @@ struct ScanRequest {
     std::set<SensitiveKind> kinds;
     QString regionsFile; ///< further areas; empty without
     bool isJsonReportWanted = false;
-
-    bool readsStandardInput() const { return images.contains(standardStream); }
 };
 
 } // namespace Veilshot

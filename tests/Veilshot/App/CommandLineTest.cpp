@@ -53,7 +53,7 @@ TEST(CommandLine, SelectsKinds) {
 
 TEST(CommandLine, TakesTheStandardStreamsForFiles) {
     const ScanRequest piped = request(u"protect - -o -"_s);
-    EXPECT_TRUE(piped.readsStandardInput());
+    EXPECT_EQ(piped.images, QStringList{u"-"_s});
     EXPECT_EQ(piped.output, standardStream);
     EXPECT_EQ(request(u"detect a.png --json -"_s).images, QStringList{u"a.png"_s});
     EXPECT_EQ(request(u"detect --only name --json -"_s).images, QStringList{u"-"_s});

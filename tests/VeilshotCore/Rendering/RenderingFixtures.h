@@ -17,7 +17,7 @@ QImage translucentNoise(QSize size);
 SensitiveRegions regionsOver(QSize image, const std::vector<QRect>& pixels);
 SensitiveRegions wholeImage();
 
-/// The first pixel, as text,, outside of the rectangles, in which the images differ; empty
+/// The first pixel, as text, outside of the rectangles, in which the images differ; empty
 /// when there is none. They must have the same size and format.
 QString firstDifference(const QImage& actual, const QImage& expected);
 QString firstDifferenceOutside(const std::vector<QRect>& pixels, const QImage& actual,
