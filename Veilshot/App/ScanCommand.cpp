@@ -5,6 +5,7 @@
 #include "Veilshot/App/RegionsFile.h"
 #include "Veilshot/App/ScanReport.h"
 #include "Veilshot/App/StandardStreams.h"
+#include "Veilshot/Platform/AtomicFile.h"
 #include "Veilshot/Platform/ImageDecoder.h"
 #include "Veilshot/Platform/PngFile.h"
 #include "Veilshot/Platform/RegularFile.h"
@@ -91,7 +92,7 @@ std::optional<QString> writeProtected(const Scan& scan, const QImage& bitmap, co
                    ? std::nullopt
                    : std::optional(u"%1: the protected image could not be written to standard output"_s.arg(
                          report.image));
-    return PngFile::writeAtomically(output, png);
+    return writeAtomically(output, png, Readership::asUsual);
 }
 
 ScanOutcome scanImage(const Scan& scan, const QString& image, const QString& output) {

@@ -41,10 +41,20 @@ ImageError error(const QString& name, const QString& reason) {
     return {printable + u": "_s + reason};
 }
 
+bool hidesColor(const quint32* pixels, int count) {
+    constexpr quint32 alpha = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? 0xff000000 : 0x000000ff;
+    quint32 found = 0;
+    for (int i = 0; i < count; ++i)
+        found |= quint32((pixels[i] & alpha) == 0) & quint32(pixels[i] != 0);
+    return found != 0;
+}
+
 /// Pixels that nobody sees carry no colour: below a transparent picture of a text the text itself would go
-/// on.
+/// on. Most images with an alpha channel have none, and keep sharing their pixels.
 void clearInvisible(QImage& image) {
     for (int y = 0; y < image.height(); ++y) {
+        if (!hidesColor(reinterpret_cast<const quint32*>(image.constScanLine(y)), image.width()))
+            continue;
         uchar* pixel = image.scanLine(y);
         for (int x = 0; x < image.width(); ++x, pixel += 4) {
             if (pixel[3] == 0)
@@ -97,6 +107,10 @@ DecodedImage ImageDecoder::decodeBytes(const QByteArray& bytes, const QString& n
     return bitmap;
 } catch (const std::bad_alloc&) {
     return error(name, DecodingFailure{DecodingFailure::Reason::outOfMemory}.message());
+}
+
+bool ImageDecoder::isPictureType(const QString& mimeType) {
+    return mimeType.startsWith("image/"_L1) && !mimeType.contains("svg"_L1) && !mimeType.contains("eps"_L1);
 }
 
 QImage ImageDecoder::toBitmap(QImage image) {

@@ -44,6 +44,9 @@ DecodedImage decodeFile(const QString& path);
 /// `name` stands for the bytes in messages: a file name, or for example "clipboard".
 DecodedImage decodeBytes(const QByteArray& bytes, const QString& name);
 
+/// Whether data of this MIME type is a picture as opposed to a drawing, which has no pixels to read.
+bool isPictureType(const QString& mimeType);
+
 /// An image that some other part of Qt decoded (the clipboard's), in the bitmap format. Shares the pixels
 /// with `image` where nothing needs to change. Null for a null image, or if memory runs out.
 QImage toBitmap(QImage image);

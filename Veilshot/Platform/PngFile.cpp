@@ -3,15 +3,10 @@
 #include "Veilshot/Platform/ImageDecoder.h"
 
 #include <QBuffer>
-#include <QDir>
-#include <QFileInfo>
 #include <QImageWriter>
-#include <QSaveFile>
 #include <QtEndian>
 #include <array>
 #include <cstring>
-
-using namespace Qt::StringLiterals;
 
 namespace Veilshot {
 
@@ -68,21 +63,6 @@ QByteArray PngFile::encodePng(const QImage& image) {
     if (!writer.write(written))
         return {};
     return onlyPixels(buffer.data());
-}
-
-std::optional<QString> PngFile::writeAtomically(const QString& path, const QByteArray& bytes) {
-    const QFileInfo target(path);
-    if (!target.dir().exists())
-        return u"%1: there is no folder “%2”"_s.arg(path, target.path());
-    if (target.isDir())
-        return u"%1: this is a folder"_s.arg(path);
-    // QSaveFile would put a file in the place of a device.
-    if (target.exists() && !target.isFile())
-        return u"%1: not a regular file"_s.arg(path);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        return u"%1: the file cannot be written (%2)"_s.arg(path, file.errorString());
-    return std::nullopt;
 }
 
 } // namespace Veilshot

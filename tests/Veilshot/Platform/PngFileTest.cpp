@@ -4,13 +4,7 @@
 #include "tests/Veilshot/Platform/ImageSamples.h"
 
 #include <QColorSpace>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <csignal>
 #include <gmock/gmock.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -18,11 +12,6 @@ namespace Veilshot {
 namespace {
 
 using namespace ImageSamples;
-
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 TEST(PngFile, HoldsPixelsAndNothingElse) {
     QImage image = gradient({300, 200});
@@ -52,54 +41,6 @@ TEST(PngFile, HoldsPixelsAndNothingElse) {
         EXPECT_EQ(std::get<QImage>(decoded), ImageDecoder::toBitmap(row.image));
     }
     EXPECT_TRUE(PngFile::encodePng({}).isEmpty());
-}
-
-TEST(PngFile, IsWrittenWholeOrNotAtAll) {
-    const QTemporaryDir temporary;
-    const QDir folder(temporary.path());
-    const QString path = folder.filePath(u"shot.png"_s);
-    EXPECT_EQ(PngFile::writeAtomically(path, "first, and longer"), std::nullopt);
-    EXPECT_EQ(PngFile::writeAtomically(path, "second"), std::nullopt);
-    EXPECT_EQ(contents(path), "second");
-
-    EXPECT_TRUE(QFile::link(path, folder.filePath(u"link.png"_s)));
-    EXPECT_EQ(PngFile::writeAtomically(folder.filePath(u"link.png"_s), "third"), std::nullopt);
-    EXPECT_EQ(contents(path), "third");
-
-    // A disk that fills up: the process may write no file longer than this.
-    const auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit previousLimit = {};
-    getrlimit(RLIMIT_FSIZE, &previousLimit);
-    const rlimit limit{10'000, previousLimit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    const auto failure = PngFile::writeAtomically(path, QByteArray(100'000, 'x'));
-    setrlimit(RLIMIT_FSIZE, &previousLimit);
-    std::signal(SIGXFSZ, previousHandler);
-    ASSERT_TRUE(failure);
-    EXPECT_THAT(failure->toStdString(),
-                testing::StartsWith(path.toStdString() + ": the file cannot be written ("));
-    EXPECT_EQ(contents(path), "third");
-    EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-              (QStringList{u"link.png"_s, u"shot.png"_s}));
-}
-
-TEST(PngFile, IsNotWrittenWhereNoFileCanBe) {
-    const QTemporaryDir temporary;
-    const QDir folder(temporary.path());
-    const QString pipe = folder.filePath(u"pipe"_s);
-    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    struct Row {
-        QString path;
-        QString message;
-    };
-    const QString missing = folder.filePath(u"no/where.png"_s);
-    for (const Row& row :
-         {Row{missing, missing + u": there is no folder “"_s + folder.filePath(u"no"_s) + u"”"_s},
-          Row{temporary.path(), temporary.path() + u": this is a folder"_s},
-          Row{pipe, pipe + u": not a regular file"_s}})
-        EXPECT_EQ(PngFile::writeAtomically(row.path, "data"), row.message);
-    EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot),
-              QStringList{u"pipe"_s});
 }
 
 } // namespace

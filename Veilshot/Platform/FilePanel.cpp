@@ -1,0 +1,34 @@
+#include "Veilshot/Platform/FilePanel.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace Veilshot {
+
+std::optional<QUrl> SystemFilePanel::chooseDestination(const Destination& destination) {
+    QFileDialog dialog(nullptr, destination.title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setMimeTypeFilters({destination.mimeType});
+    dialog.setDefaultSuffix(destination.suffix);
+    dialog.setSupportedSchemes({QStringLiteral("file")});
+    dialog.setDirectoryUrl(m_lastFolder.isEmpty() ? QUrl::fromLocalFile(QStandardPaths::writableLocation(
+                                                        QStandardPaths::PicturesLocation))
+                                                  : m_lastFolder);
+    dialog.selectFile(destination.proposedName);
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        QString path = dialog.selectedFiles().constFirst();
+        m_lastFolder = dialog.directoryUrl();
+        if (QFileInfo(path).suffix().compare(destination.suffix, Qt::CaseInsensitive) == 0)
+            return QUrl::fromLocalFile(path);
+        // The dialog adds the suffix only to a name without any.
+        path += u'.' + destination.suffix;
+        if (!QFileInfo::exists(path))
+            return QUrl::fromLocalFile(path);
+        dialog.selectFile(path); // and asks whether to replace that one
+    }
+    return std::nullopt;
+}
+
+} // namespace Veilshot
