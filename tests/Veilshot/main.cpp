@@ -1,10 +1,10 @@
-#include <QGuiApplication>
+#include <QApplication>
 #include <gmock/gmock.h>
 
 int main(int argumentCount, char** arguments) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleMock(&argumentCount, arguments);
-    const QGuiApplication application(argumentCount, arguments);
+    const QApplication application(argumentCount, arguments);
     return RUN_ALL_TESTS();
 }

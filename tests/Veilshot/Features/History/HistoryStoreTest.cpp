@@ -1,0 +1,1 @@
+#include "Veilshot/Features/History/HistoryStore.h"
