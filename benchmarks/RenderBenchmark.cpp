@@ -2,41 +2,17 @@
 // Compare figures of one run only, and medians: --benchmark_repetitions=9 --benchmark_report_aggregates_only
 
 #include "VeilshotCore/Rendering/ScreenshotRedactor.h"
+#include "benchmarks/LargeScreenshot.h"
 
-#include <QPainter>
 #include <benchmark/benchmark.h>
 #include <cstring>
 #include <opencv2/imgproc.hpp>
-#include <random>
 #include <vector>
 
 namespace Veilshot {
 namespace {
 
-constexpr QSize screen(5120, 2880);
-
-/// Lines of dark strokes, about the size of letters, on light panels.
-QImage makeScreenshot() {
-    std::mt19937 random(7);
-    const auto upTo = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
-    QImage image(screen, QImage::Format_RGBA8888);
-    image.fill(QColor(236, 238, 241));
-    QPainter painter(&image);
-    for (int i = 0; i < 60; ++i)
-        painter.fillRect(upTo(5000), upTo(2800), 200 + upTo(900), 100 + upTo(500),
-                         QColor(200 + upTo(56), 200 + upTo(56), 200 + upTo(56)));
-    for (int line = 20; line < screen.height() - 30; line += 34) {
-        for (int x = 30 + upTo(200); x < screen.width() - 40; x += 6 + upTo(14))
-            painter.fillRect(x, line + upTo(8), 2 + upTo(8), 3 + upTo(18),
-                             QColor(upTo(90), upTo(90), upTo(120)));
-    }
-    return image;
-}
-
-const QImage& screenshot() {
-    static const QImage image = makeScreenshot();
-    return image;
-}
+constexpr QSize screen = largeScreenshotSize;
 
 /// Forty details of the size of a line of text, spread over the whole picture.
 std::vector<QRect> details() {
@@ -59,10 +35,10 @@ SensitiveRegions regions() {
 void dragSlider(benchmark::State& state, RedactionStyle style, double intensity) {
     const SensitiveRegions hidden = regions();
     const ScreenshotRedactor redactor;
-    QImage shown = redactor.render(screenshot(), hidden, style, intensity);
-    shown = redactor.render(screenshot(), hidden, style, intensity);
+    QImage shown = redactor.render(largeScreenshot(), hidden, style, intensity);
+    shown = redactor.render(largeScreenshot(), hidden, style, intensity);
     for (auto _ : state) {
-        shown = redactor.render(screenshot(), hidden, style, intensity);
+        shown = redactor.render(largeScreenshot(), hidden, style, intensity);
         benchmark::DoNotOptimize(shown.constBits());
     }
 }
@@ -71,7 +47,7 @@ void dragSlider(benchmark::State& state, RedactionStyle style, double intensity)
 void openPicture(benchmark::State& state, RedactionStyle style, double intensity) {
     const SensitiveRegions hidden = regions();
     const ScreenshotRedactor redactor;
-    QImage opened = screenshot();
+    QImage opened = largeScreenshot();
     QImage shown = redactor.render(opened, hidden, style, intensity);
     for (auto _ : state) {
         state.PauseTiming();
@@ -90,7 +66,7 @@ cv::Mat matrixOf(const QImage& image) {
 /// Each area with the halo that its blur needs, the rest of the picture as it is.
 void blurAreasWithOpenCv(benchmark::State& state, double sigma) {
     cv::setNumThreads(1);
-    const cv::Mat source = matrixOf(screenshot());
+    const cv::Mat source = matrixOf(largeScreenshot());
     cv::Mat target = source.clone();
     const int halo = static_cast<int>(3 * sigma);
     cv::Mat blurred;
@@ -109,7 +85,7 @@ void blurAreasWithOpenCv(benchmark::State& state, double sigma) {
 
 void blurPictureWithOpenCv(benchmark::State& state, double sigma) {
     cv::setNumThreads(1);
-    const cv::Mat source = matrixOf(screenshot());
+    const cv::Mat source = matrixOf(largeScreenshot());
     cv::Mat target = source.clone();
     for (auto _ : state) {
         cv::GaussianBlur(source, target, {}, sigma, sigma, cv::BORDER_REPLICATE);
@@ -119,7 +95,7 @@ void blurPictureWithOpenCv(benchmark::State& state, double sigma) {
 
 /// Into memory that was written before: fresh memory costs several times as much.
 void copyPicture(benchmark::State& state) {
-    const QImage& source = screenshot();
+    const QImage& source = largeScreenshot();
     std::vector<uchar> target(static_cast<std::size_t>(source.sizeInBytes()), 1);
     for (auto _ : state) {
         std::memcpy(target.data(), source.constBits(), target.size());
