@@ -21,7 +21,8 @@ std::optional<QString> writeAtomically(const QString& path, const QByteArray& by
     const bool isOpen =
         file.open(QIODevice::WriteOnly) &&
         (readership == Readership::asUsual || file.setPermissions(QFile::ReadOwner | QFile::WriteOwner));
-    if (!isOpen || file.write(bytes) != bytes.size() || !file.commit())
+    // Flushed by itself, because commit does not notice when the last bytes find no room.
+    if (!isOpen || file.write(bytes) != bytes.size() || !file.flush() || !file.commit())
         return u"%1: the file cannot be written (%2)"_s.arg(path, file.errorString());
     return std::nullopt;
 }
