@@ -159,9 +159,9 @@ HistoryStore::Entries HistoryStore::loadIndex() const {
     return entries;
 }
 
-void HistoryStore::saveIndex() const {
-    if (makePrivateFolder(m_directory.toLocalFile()))
-        writeAtomically(path(indexName), HistoryIndex::encode(m_entries), Readership::ownerOnly);
+bool HistoryStore::saveIndex() const {
+    return makePrivateFolder(m_directory.toLocalFile()) &&
+           !writeAtomically(path(indexName), HistoryIndex::encode(m_entries), Readership::ownerOnly);
 }
 
 void HistoryStore::removeFiles(const Entry& entry) const {
@@ -198,9 +198,12 @@ void HistoryStore::finish(QUuid recordingID) {
         if (entries.size() > maximumEntries)
             drop(entries.begin() + maximumEntries, entries.end());
         m_entries = std::move(entries);
-        saveIndex();
+        const bool isSaved = saveIndex();
         for (const Entry& entry : dropped)
             removeFiles(entry);
+        // On a full disk, what has just gone may have made the room that the index needs.
+        if (!isSaved)
+            saveIndex();
         Q_EMIT entriesChanged();
     }
     recording.listed.addResult(id);

@@ -80,7 +80,7 @@ private:
     struct Recording;
 
     Entries loadIndex() const;
-    void saveIndex() const;
+    bool saveIndex() const;
     void removeFiles(const Entry& entry) const;
     QString path(const QString& fileName) const;
     void finish(QUuid recording);
