@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <algorithm>
 #include <vector>
 
@@ -18,10 +19,12 @@ template<typename Condition>
 bool waitUntil(Condition condition) {
     QElapsedTimer timer;
     timer.start();
+    QTimer wake; // to look again, since not every condition comes with an event
+    wake.start(20);
     while (!condition()) {
         if (timer.hasExpired(30'000))
             return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents);
     }
     return true;
 }
