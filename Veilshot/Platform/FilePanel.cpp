@@ -1,10 +1,25 @@
 #include "Veilshot/Platform/FilePanel.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStandardPaths>
 
 namespace Veilshot {
+
+namespace {
+
+/// The first of these that is there. Otherwise the dialog would open wherever the program was started.
+QUrl startFolder(const QUrl& lastFolder) {
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    for (const QString& path : {lastFolder.toLocalFile(), pictures}) {
+        if (QFileInfo(path).isDir())
+            return QUrl::fromLocalFile(path);
+    }
+    return QUrl::fromLocalFile(QDir::homePath());
+}
+
+} // namespace
 
 std::optional<QUrl> SystemFilePanel::chooseDestination(const Destination& destination) {
     QFileDialog dialog(nullptr, destination.title);
@@ -13,9 +28,7 @@ std::optional<QUrl> SystemFilePanel::chooseDestination(const Destination& destin
     dialog.setMimeTypeFilters({destination.mimeType});
     dialog.setDefaultSuffix(destination.suffix);
     dialog.setSupportedSchemes({QStringLiteral("file")});
-    dialog.setDirectoryUrl(m_lastFolder.isEmpty() ? QUrl::fromLocalFile(QStandardPaths::writableLocation(
-                                                        QStandardPaths::PicturesLocation))
-                                                  : m_lastFolder);
+    dialog.setDirectoryUrl(startFolder(m_lastFolder));
     dialog.selectFile(destination.proposedName);
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
         QString path = dialog.selectedFiles().constFirst();
