@@ -18,7 +18,8 @@ bool SystemClipboard::write(const QImage& bitmap) {
     // between.
     auto* offered = new OfferedImage(bitmap);
     QGuiApplication::clipboard()->setMimeData(offered);
-    // Qt reports no failure. Asked again, it tells whose data the display server would hand out.
+    // Qt reports no failure. Asked again, it tells whose data an X server would hand out, and on Wayland
+    // whether there was a seat at all.
     return QGuiApplication::clipboard()->mimeData() == offered;
 }
 

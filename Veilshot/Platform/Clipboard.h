@@ -19,6 +19,8 @@ public:
 };
 
 /// The desktop's, through Qt. Needs a QGuiApplication. What was written lasts for as long as the application.
+/// On Wayland only a program that has had input may write; a compositor refuses others without a word, so
+/// that `write` cannot tell. And only the program with the focus may read: to others the clipboard is empty.
 class SystemClipboard : public Clipboard {
 public:
     const QMimeData* contents() const override;
