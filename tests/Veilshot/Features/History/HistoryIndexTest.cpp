@@ -61,7 +61,7 @@ TEST(HistoryIndex, IsReadAsAWholeOrNotAtAll) {
              Row{"}]", "},null]", unreadable},
              Row{"}]", "}", unreadable},
              Row{"}]", "}]]", unreadable},
-             Row{whole, whole.mid(1).chopped(1), unreadable},
+             Row{whole, "{}", unreadable},
              Row{whole, "", unreadable},
          }) {
         const QByteArray json = QByteArray(whole).replace(row.part, row.replacement);

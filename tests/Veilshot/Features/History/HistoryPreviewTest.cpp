@@ -18,7 +18,7 @@ TEST(HistoryPreview, FitsIntoTheLimitAndIsNeverEnlarged) {
 
 TEST(HistoryPreview, AveragesAllPixels) {
     // Five pixels to one: who only looks at neighbours of the middle one sees black or white.
-    QImage chessboard(500, 250, QImage::Format_RGBA8888);
+    QImage chessboard(500, 250, QImage::Format_RGB32);
     for (int y = 0; y < chessboard.height(); ++y) {
         for (int x = 0; x < chessboard.width(); ++x)
             chessboard.setPixelColor(x, y, (x + y) % 2 ? Qt::white : Qt::black);
