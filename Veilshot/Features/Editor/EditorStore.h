@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QUrl>
 #include <QUuid>
+#include <QtQmlIntegration>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -30,6 +31,8 @@ class SessionRecorder;
 /// a user can act on becomes `errorMessage` and leaves the session as it was; other failures are silent.
 class EditorStore : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application has one session.")
     Q_PROPERTY(Stage stage READ stage NOTIFY stageChanged)
     Q_PROPERTY(Veilshot::DisplayImage originalImage READ originalImage NOTIFY originalImageChanged)
     Q_PROPERTY(Veilshot::DisplayImage protectedImage READ protectedImage NOTIFY protectedImageChanged)

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QThreadPool>
 #include <QUrl>
+#include <QtQmlIntegration>
 #include <list>
 #include <optional>
 
@@ -26,6 +27,8 @@ class UserDefaults;
 /// listed once its files are there, and taken off the list before they go to make room for another.
 class HistoryStore : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application has one history.")
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY isEnabledChanged)
 
 public:
