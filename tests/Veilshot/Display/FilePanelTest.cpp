@@ -51,7 +51,8 @@ struct SavePanel : testing::Test {
     /// Presses Save, and the answer if asked whether to replace a file. True if asked.
     static bool saveAndAnswer(QMessageBox::StandardButton answer) {
         bool asked = false;
-        QTimer::singleShot(0, qApp, [&] {
+        const QObject scope;
+        QTimer::singleShot(0, &scope, [&] {
             if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
                 asked = true;
                 question->button(answer)->click();
@@ -101,11 +102,12 @@ TEST_F(SavePanel, AsksBeforeAFileIsReplacedThatOnlyTheAddedSuffixNames) {
     QFile file(folder.filePath(u"shot.jpg.png"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+        const QObject scope;
         const auto chosen = choose([&] {
-            QTimer::singleShot(0, qApp, [&] { // when the panel is back
+            QTimer::singleShot(0, &scope, [&] { // when the panel is back
                 EXPECT_EQ(nameField().text(), u"shot.jpg.png");
                 EXPECT_TRUE(saveAndAnswer(answer));
-                if (answer == QMessageBox::No)
+                if (QApplication::activeModalWidget()) // still
                     press(QDialogButtonBox::Cancel);
             });
             save(u"shot.jpg"_s);
