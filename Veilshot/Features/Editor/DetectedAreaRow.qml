@@ -1,0 +1,75 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Veilshot.DesignSystem
+import Veilshot.Features
+
+/// One detected area. The pointer over it, or the keyboard's focus, marks the area on the image.
+Item {
+    id: row
+
+    required property EditorStore store
+    required property string regionID
+    required property string kind
+    required property string singularLabel
+    required property string locationLabel
+
+    readonly property bool isMarked: hover.hovered || unblur.activeFocus
+
+    function unmark() {
+        if (row.store.highlightedRegionID.toString() === row.regionID)
+            row.store.highlightedRegionID = undefined;
+    }
+
+    implicitHeight: 26
+    Accessible.role: Accessible.ListItem
+    Accessible.name: singularLabel + ", " + locationLabel
+    onIsMarkedChanged: isMarked ? row.store.highlightedRegionID = row.regionID : row.unmark()
+    Component.onDestruction: row.unmark()
+
+    HoverHandler {
+        id: hover
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 5
+        color: Theme.elevated
+        opacity: row.isMarked ? 1 : 0
+    }
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 6
+        anchors.rightMargin: 6
+        spacing: 8
+
+        KindDot {
+            kind: row.kind
+        }
+
+        InspectorText {
+            text: row.singularLabel
+            font.pixelSize: 12
+            Accessible.ignored: true
+        }
+
+        InspectorText {
+            Layout.fillWidth: true
+            text: row.locationLabel
+            color: Theme.textTertiary
+            font.pixelSize: 12
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+
+        PlainButton {
+            id: unblur
+            text: "Unblur"
+            helpText: "Stop hiding this area"
+            opacity: row.isMarked ? 1 : 0
+            onClicked: row.store.removeDetectedRegion(row.regionID)
+        }
+    }
+}

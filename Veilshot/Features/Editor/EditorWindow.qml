@@ -1,0 +1,29 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Window
+import Veilshot.DesignSystem
+import Veilshot.Features
+
+/// The main window.
+Window {
+    id: window
+
+    required property EditorStore store
+    required property HistoryStore history
+    required property ImageImporter importer
+
+    width: 1180
+    height: 760
+    minimumWidth: 900
+    minimumHeight: 560
+    title: "Veilshot"
+    color: Theme.windowBackground
+
+    EditorView {
+        anchors.fill: parent
+        store: window.store
+        history: window.history
+        importer: window.importer
+    }
+}

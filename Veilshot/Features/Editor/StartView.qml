@@ -1,0 +1,105 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Veilshot.DesignSystem
+import Veilshot.Features
+
+/// The window without an image: an invitation, and what was protected lately.
+FocusScope {
+    id: view
+
+    required property EditorStore store
+    required property HistoryStore history
+    /// While a picture is dragged over the window.
+    required property bool isTargeted
+    readonly property bool isShowingEntry: false
+
+    signal openRequested
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        Item {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            ColumnLayout {
+                anchors.centerIn: parent
+                spacing: 0
+
+                Image {
+                    Layout.alignment: Qt.AlignHCenter
+                    source: "qrc:/qt/qml/Veilshot/DesignSystem/Icons/veilshot.svg"
+                    sourceSize: Qt.size(64, 64)
+                    Accessible.ignored: true
+                }
+
+                Text {
+                    Layout.alignment: Qt.AlignHCenter
+                    Layout.topMargin: 16
+                    text: view.isTargeted ? "Drop to open" : "Paste a screenshot"
+                    color: Theme.textPrimary
+                    font.pixelSize: 20
+                    font.weight: Font.DemiBold
+                    font.letterSpacing: -0.2
+                    Accessible.role: Accessible.Heading
+                    Accessible.name: text
+                }
+
+                Text {
+                    Layout.alignment: Qt.AlignHCenter
+                    Layout.topMargin: 6
+                    Layout.maximumWidth: 380
+                    text: "Names, emails, phone numbers, card numbers and faces get blurred before you share. Nothing leaves this Mac."
+                    color: Theme.textSecondary
+                    font.pixelSize: 13
+                    lineHeight: 1.2
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.WordWrap
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+
+                RowLayout {
+                    Layout.alignment: Qt.AlignHCenter
+                    Layout.topMargin: 20
+                    spacing: 8
+
+                    FlatButton {
+                        kind: FlatButton.Primary
+                        text: "Paste Screenshot"
+                        onClicked: view.store.pasteFromClipboard()
+                    }
+
+                    FlatButton {
+                        kind: FlatButton.Secondary
+                        text: "Open Image…"
+                        onClicked: view.openRequested()
+                    }
+                }
+
+                Text {
+                    Layout.alignment: Qt.AlignHCenter
+                    Layout.topMargin: 14
+                    text: "Or drop an image into this window."
+                    color: Theme.textTertiary
+                    font.pixelSize: 12
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+            }
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: 8
+        radius: 10
+        visible: view.isTargeted
+        color: Qt.alpha(Theme.brand, 0.05)
+        border.color: Theme.brand
+        border.width: 1.5
+    }
+}
