@@ -120,7 +120,7 @@ void copy(benchmark::State& state) {
         session.store.copyProtectedImage();
 }
 
-/// A file opened, scanned, copied, recorded, exported, recorded again, and closed.
+/// A file opened, scanned, copied, recorded, exported, recorded again, what was copied pasted, and all closed.
 void wholeSession(benchmark::State& state) {
     Session session;
     const QUrl file = QUrl::fromLocalFile(session.folder.filePath(u"shot.png"_s));
@@ -138,6 +138,9 @@ void wholeSession(benchmark::State& state) {
         };
         session.perform([&] { session.store.exportProtectedImage(); });
         session.run(isRecordedAgain);
+        session.perform([&] { session.store.pasteFromClipboard(); });
+        session.run([&] { return !session.isReady(); });
+        session.run([&] { return session.isReady(); });
         session.perform([&] { session.store.clear(); });
     }
     state.counters["longest_pause_ms"] = session.longestPause;

@@ -9,6 +9,8 @@
 #include <QColorSpace>
 #include <QImageReader>
 #include <QLoggingCategory>
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <new>
 #include <tiffio.h>
@@ -110,7 +112,10 @@ DecodedImage ImageDecoder::decodeBytes(const QByteArray& bytes, const QString& n
 }
 
 bool ImageDecoder::isPictureType(const QString& mimeType) {
-    return mimeType.startsWith("image/"_L1) && !mimeType.contains("svg"_L1) && !mimeType.contains("eps"_L1);
+    constexpr std::array drawings{"svg"_L1, "eps"_L1, "emf"_L1, "wmf"_L1};
+    return mimeType.startsWith("image/"_L1) && std::ranges::none_of(drawings, [&](QLatin1StringView drawing) {
+               return mimeType.contains(drawing);
+           });
 }
 
 QImage ImageDecoder::toBitmap(QImage image) {

@@ -48,7 +48,12 @@ public:
     explicit FileItem(QString path) : m_path(std::move(path)) {}
 
     QImage image() const override { return {}; }
-    QStringList registeredTypes() const override { return {QMimeDatabase().mimeTypeForFile(m_path).name()}; }
+    QStringList registeredTypes() const override {
+        // By its name if that tells: to look into many files, or into one on a slow disk, takes long.
+        const QMimeDatabase types;
+        const QMimeType byName = types.mimeTypeForFile(m_path, QMimeDatabase::MatchExtension);
+        return {(byName.isDefault() ? types.mimeTypeForFile(m_path) : byName).name()};
+    }
     QFuture<Data> loadData(const QString&) const override { return QtConcurrent::run(read, m_path); }
 
 private:

@@ -13,6 +13,8 @@ class OfferedImage : public QMimeData {
 
 public:
     explicit OfferedImage(const QImage& bitmap);
+    /// Nobody will ask any more: an encoding that has not begun never does.
+    ~OfferedImage() override;
 
     /// The PNG file first, because programs take the first type they know.
     QStringList formats() const override;

@@ -7,6 +7,7 @@
 #include <QtEndian>
 #include <array>
 #include <cstring>
+#include <new>
 
 namespace Veilshot {
 
@@ -49,7 +50,7 @@ QByteArray onlyPixels(const QByteArray& png) {
 
 } // namespace
 
-QByteArray PngFile::encodePng(const QImage& image) {
+QByteArray PngFile::encodePng(const QImage& image) try {
     const QImage bitmap = ImageDecoder::toBitmap(image);
     if (bitmap.isNull())
         return {};
@@ -63,6 +64,8 @@ QByteArray PngFile::encodePng(const QImage& image) {
     if (!writer.write(written))
         return {};
     return onlyPixels(buffer.data());
+} catch (const std::bad_alloc&) {
+    return {};
 }
 
 } // namespace Veilshot

@@ -5,6 +5,7 @@
 #include <QPromise>
 #include <QThreadPool>
 #include <atomic>
+#include <cstdlib>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -15,19 +16,29 @@ namespace {
 
 std::atomic<bool> isApplicationEnding = false;
 
+/// How many detections run at once. Far more than anybody starts, so that some that hang do not keep others
+/// from running.
+constexpr int mostDetections = 64;
+/// How long the end of the process waits for a detection to notice that it is cancelled, in milliseconds.
+constexpr int longestWait = 10'000;
+
 /// A pool of its own: a detection mostly waits for the analyzers' workers, and must neither hold up nor be
 /// held up by whatever else the program runs in the global pool.
 QThreadPool& detectionPool() {
-    static QThreadPool& pool = [&]() -> QThreadPool& {
+    static QThreadPool& instance = []() -> QThreadPool& {
         // A detection that still runs must not see the process's objects go one after the other.
         qAddPostRoutine([] {
             isApplicationEnding = true;
             detectionPool().clear();
-            detectionPool().waitForDone();
+            // One that hangs would see its objects go; without them the process just ends.
+            if (!detectionPool().waitForDone(longestWait))
+                std::_Exit(EXIT_FAILURE);
         });
-        return *new QThreadPool;
+        auto& pool = *new QThreadPool;
+        pool.setMaxThreadCount(mostDetections);
+        return pool;
     }();
-    return pool;
+    return instance;
 }
 
 /// What was thrown by work in a pool, without the exception that Qt wraps around it on the way to the caller.

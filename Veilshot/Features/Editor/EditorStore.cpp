@@ -13,10 +13,11 @@
 #include "VeilshotCore/Detection/SensitiveTextDetector.h"
 #include "VeilshotCore/Rendering/ScreenshotRedactor.h"
 
-#include <QPointer>
+#include <QCoreApplication>
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -37,9 +38,34 @@ SensitiveRegions regionsThat(const SensitiveRegions& regions, Condition conditio
 
 } // namespace
 
+struct EditorStore::Export {
+    Request request;
+    QFuture<std::optional<QString>> writing;
+    QImage bitmap;
+    qint64 regionCount;
+    std::shared_ptr<SessionRecorder> recorder;
+    SessionRecorder::Turn turn;
+};
+
+EditorStore::Collaborators EditorStore::Collaborators::real(Clipboard& clipboard, FilePanel& filePanel,
+                                                            const Clock& clock) {
+    return {.detectText = [detector = SensitiveTextDetector()](
+                              const QImage& bitmap) { return detector.detect(bitmap); },
+            .detectPeople = [detector =
+                                 PeopleDetector()](const QImage& bitmap) { return detector.detect(bitmap); },
+            .render = [redactor = ScreenshotRedactor()](
+                          const QImage& bitmap, const SensitiveRegions& regions, RedactionStyle style,
+                          double intensity) { return redactor.render(bitmap, regions, style, intensity); },
+            .clipboard = clipboard,
+            .filePanel = filePanel,
+            .clock = clock};
+}
+
 EditorStore::EditorStore(HistoryStore* history, Collaborators collaborators, QObject* parent)
     : QObject(parent), m_collaborators(std::move(collaborators)), m_history(history),
-      m_recorder(std::make_shared<SessionRecorder>(history)) {}
+      m_recorder(std::make_shared<SessionRecorder>(history)) {
+    m_exporter.setMaxThreadCount(1);
+}
 
 EditorStore::~EditorStore() = default;
 
@@ -47,18 +73,15 @@ EditorStore& EditorStore::shared() {
     static SystemClipboard clipboard;
     static SystemFilePanel filePanel;
     static const SystemClock clock;
-    static EditorStore& instance = *new EditorStore(
-        &HistoryStore::shared(),
-        {.detectText =
-             [detector = SensitiveTextDetector()](const QImage& bitmap) { return detector.detect(bitmap); },
-         .detectPeople = [detector =
-                              PeopleDetector()](const QImage& bitmap) { return detector.detect(bitmap); },
-         .render = [redactor = ScreenshotRedactor()](
-                       const QImage& bitmap, const SensitiveRegions& regions, RedactionStyle style,
-                       double intensity) { return redactor.render(bitmap, regions, style, intensity); },
-         .clipboard = clipboard,
-         .filePanel = filePanel,
-         .clock = clock});
+    static EditorStore& instance = []() -> EditorStore& {
+        auto& store =
+            *new EditorStore(&HistoryStore::shared(), Collaborators::real(clipboard, filePanel, clock));
+        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, &store, [&store] {
+            store.finishExports();
+            HistoryStore::shared().finishRecordings();
+        });
+        return store;
+    }();
     return instance;
 }
 
@@ -134,19 +157,23 @@ void EditorStore::load(const QUrl& url) {
 }
 
 bool EditorStore::load(const ItemProviders& providers, std::function<void()> onLoad) {
-    return ImageTransfer::load(providers, [self = QPointer(this), onLoad = std::move(onLoad)](
-                                              const ImageTransfer::LoadedItem& item) {
-        if (!self)
+    const auto show = [self = QPointer(this), request = m_latestRequest + 1,
+                       onLoad = std::move(onLoad)](const ImageTransfer::LoadedItem& item) {
+        if (!self || request < self->m_shownRequest)
             return;
         if (const auto* error = std::get_if<QString>(&item)) {
             self->setErrorMessage(*error);
             return;
         }
         const QImage& bitmap = std::get<QImage>(item);
-        self->beginSession(DisplayImage(bitmap, bitmap.deviceIndependentSize()), ++self->m_latestRequest);
+        self->beginSession(DisplayImage(bitmap, bitmap.deviceIndependentSize()), request);
         if (onLoad)
             onLoad();
-    });
+    };
+    const bool isAccepted = ImageTransfer::load(providers, show);
+    if (isAccepted)
+        ++m_latestRequest;
+    return isAccepted;
 }
 
 void EditorStore::pasteFromClipboard() {
@@ -265,17 +292,19 @@ void EditorStore::render(Fields& fields) const {
         return;
     const QImage rendered =
         m_collaborators.render(original.bitmap(), fields.regions, fields.redactionStyle, fields.blurRadius);
+    fields.isUnprotected = rendered.isNull() && !fields.regions.empty();
     fields.protectedImage = DisplayImage(rendered.isNull() ? original.bitmap() : rendered, original.size());
 }
 
 void EditorStore::copyProtectedImage() {
     if (m_fields.stage != Stage::Ready)
         return;
-    if (!m_collaborators.clipboard.write(m_fields.protectedImage.bitmap())) {
+    const QImage& bitmap = m_fields.protectedImage.bitmap();
+    if (m_fields.isUnprotected || !m_collaborators.clipboard.write(bitmap)) {
         setErrorMessage(u"The protected image couldn’t be copied to the clipboard."_s);
         return;
     }
-    m_recorder->record(m_fields.protectedImage.bitmap(), qint64(m_fields.regions.size()));
+    m_recorder->record(m_recorder->takeTurn(), bitmap, qint64(m_fields.regions.size()));
     Fields next = m_fields;
     next.didCopy = true;
     publish(std::move(next));
@@ -289,20 +318,42 @@ void EditorStore::copyProtectedImage() {
 void EditorStore::exportProtectedImage() {
     if (m_fields.stage != Stage::Ready)
         return;
+    if (m_fields.isUnprotected) {
+        setErrorMessage(u"The protected image couldn’t be encoded as PNG."_s);
+        return;
+    }
     // What is on screen now. The panel lets the application go on: by the time it closes there may be another
     // image.
     const QImage bitmap = m_fields.protectedImage.bitmap();
     const auto regionCount = qint64(m_fields.regions.size());
     const auto recorder = m_recorder;
+    const auto turn = recorder->takeTurn();
     const auto url = ImageTransfer::chooseExportURL(m_collaborators.filePanel);
     if (!url)
         return;
-    whenDone(startPngExport(bitmap, *url), this, [=, this](const std::optional<QString>& failure) {
-        if (failure)
-            setErrorMessage(*failure);
-        else
-            recorder->record(bitmap, regionCount);
-    });
+    const Request request = ++m_latestExport;
+    const auto writing = startPngExport(m_exporter, bitmap, *url);
+    m_exports.push_back({request, writing, bitmap, regionCount, recorder, turn});
+    whenDone(writing, this, [this, request](const auto&) { finishExport(request); });
+}
+
+void EditorStore::finishExports() {
+    while (!m_exports.empty()) {
+        m_exports.front().writing.waitForFinished();
+        finishExport(m_exports.front().request);
+    }
+}
+
+void EditorStore::finishExport(Request request) {
+    const auto position = std::ranges::find(m_exports, request, &Export::request);
+    if (position == m_exports.end())
+        return; // finished already, by finishExports
+    const Export done = std::move(*position);
+    m_exports.erase(position);
+    if (const auto failure = done.writing.result())
+        setErrorMessage(*failure);
+    else
+        done.recorder->record(done.turn, done.bitmap, done.regionCount);
 }
 
 void EditorStore::clear() {

@@ -7,10 +7,13 @@
 #include "VeilshotCore/Rendering/RedactionStyle.h"
 
 #include <QObject>
+#include <QPointer>
+#include <QThreadPool>
 #include <QUrl>
 #include <QUuid>
 #include <QtQmlIntegration>
 #include <functional>
+#include <list>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -26,9 +29,10 @@ class SessionRecorder;
 /// The editing session: the image, the areas to hide and how, and the state of the scan. Every view reads its
 /// properties and acts through its operations; nothing else changes an image or a list of areas.
 ///
-/// Main thread only, and it never waits: scanning, decoding, encoding and writing happen on workers,
-/// rendering here. All that one operation changes is changed before the first signal is sent. A failure that
-/// a user can act on becomes `errorMessage` and leaves the session as it was; other failures are silent.
+/// Main thread only: scanning, decoding, encoding and writing happen on workers, rendering here. It waits
+/// only for the user in a panel, and for another program to hand over what it copied or dragged. All that one
+/// operation changes is changed before the first signal is sent. A failure that a user can act on becomes
+/// `errorMessage` and leaves the session as it was; other failures are silent.
 class EditorStore : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -69,6 +73,9 @@ public:
 
     /// What the store works with. All of it must outlive the store.
     struct Collaborators {
+        /// With the real detectors and the real renderer.
+        static Collaborators real(Clipboard& clipboard, FilePanel& filePanel, const Clock& clock);
+
         Detection detectText;
         Detection detectPeople;
         Rendering render;
@@ -122,29 +129,34 @@ public:
     /// converted here and now.
     void load(const QImage& image);
     void load(const DisplayImage& image);
-    /// Loads a local file once a worker has decoded it. If two pictures are asked for by file or from the
-    /// clipboard one after the other, the later one stays, whichever is decoded first.
-    void load(const QUrl& url);
-    /// Loads the first picture of a drop, later, and then calls `onLoad`, if any. False if nothing in the
-    /// drop is a picture.
+    /// Loads a local file once a worker has decoded it. Of several pictures that are asked for by file,
+    /// clipboard or drop one after the other the latest stays, whichever is decoded first.
+    Q_INVOKABLE void load(const QUrl& url);
+    /// Loads the first picture of a drop, later, and then calls `onLoad`, if any, unless a later picture came
+    /// before. False if nothing in the drop is a picture.
     bool load(const ItemProviders& providers, std::function<void()> onLoad);
-    void pasteFromClipboard();
+    Q_INVOKABLE void pasteFromClipboard();
 
     /// Takes a detected area off the list; an id of another area does nothing.
-    void removeDetectedRegion(QUuid id);
-    void restoreLastRemovedRegion();
+    Q_INVOKABLE void removeDetectedRegion(QUuid id);
+    Q_INVOKABLE void restoreLastRemovedRegion();
     /// Hides what of the rectangle lies in the image, unless that is thinner than 0.005 of the image.
     void addCustomBlur(const NormalizedRect& normalizedRect);
-    void undoCustomBlur();
-    void clearCustomBlurs();
+    Q_INVOKABLE void undoCustomBlur();
+    Q_INVOKABLE void clearCustomBlurs();
     /// Renders the image again from the current areas, style and intensity.
     void renderPreview();
 
-    /// Both do nothing before the scan has ended: until then the image may still show everything.
-    void copyProtectedImage();
-    void exportProtectedImage();
+    /// Both do nothing before the scan has ended, because until then the image may still show everything, and
+    /// fail if there was not enough memory to hide its areas.
+    Q_INVOKABLE void copyProtectedImage();
+    Q_INVOKABLE void exportProtectedImage();
     /// Ends the session. Style and intensity stay for the next image.
-    void clear();
+    Q_INVOKABLE void clear();
+
+    /// Waits until every export under way is written and handed to the history. For the end of the
+    /// application.
+    void finishExports();
 
 Q_SIGNALS:
     void stageChanged();
@@ -176,7 +188,10 @@ private:
         QString errorMessage;
         bool didCopy = false;
         QString scanMessage;
+        /// The areas could not be hidden: `protectedImage` shows them.
+        bool isUnprotected = false;
     };
+    struct Export;
 
     /// Takes the fields over and announces those that differ.
     void publish(Fields next);
@@ -188,9 +203,10 @@ private:
     void loadWhenDecoded(const QFuture<std::optional<QImage>>& decoding, const QString& failure);
     void beginSession(const DisplayImage& image, Request request);
     void startScan(const QImage& bitmap);
+    void finishExport(Request request);
 
     Collaborators m_collaborators;
-    HistoryStore* m_history;
+    QPointer<HistoryStore> m_history;
     Fields m_fields;
     /// Belongs to the current image, so that what is recorded late finds its own entry.
     std::shared_ptr<SessionRecorder> m_recorder;
@@ -198,6 +214,10 @@ private:
     /// Requests to show a picture are counted; one that is outrun by a later one is dropped.
     Request m_latestRequest = 0;
     Request m_shownRequest = 0;
+    Request m_latestExport = 0;
+    std::list<Export> m_exports;
+    /// One after the other, so that of two exports to one file the later one stays.
+    QThreadPool m_exporter;
 };
 
 } // namespace Veilshot

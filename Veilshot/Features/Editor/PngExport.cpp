@@ -4,7 +4,6 @@
 #include "Veilshot/Platform/PngFile.h"
 
 #include <QtConcurrentRun>
-#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -12,16 +11,8 @@ namespace Veilshot {
 
 namespace {
 
-QByteArray encodeGuarded(const QImage& bitmap) {
-    try {
-        return PngFile::encodePng(bitmap);
-    } catch (const std::bad_alloc&) {
-        return {};
-    }
-}
-
 std::optional<QString> exportPng(const QImage& bitmap, const QString& path) {
-    const QByteArray png = encodeGuarded(bitmap);
+    const QByteArray png = PngFile::encodePng(bitmap);
     if (png.isEmpty())
         return u"The protected image couldn’t be encoded as PNG."_s;
     if (const auto reason = writeAtomically(path, png, Readership::asUsual))
@@ -31,8 +22,8 @@ std::optional<QString> exportPng(const QImage& bitmap, const QString& path) {
 
 } // namespace
 
-QFuture<std::optional<QString>> startPngExport(const QImage& bitmap, const QUrl& url) {
-    return QtConcurrent::run(exportPng, bitmap, url.toLocalFile());
+QFuture<std::optional<QString>> startPngExport(QThreadPool& pool, const QImage& bitmap, const QUrl& url) {
+    return QtConcurrent::run(&pool, exportPng, bitmap, url.toLocalFile());
 }
 
 } // namespace Veilshot

@@ -6,10 +6,12 @@
 #include <QUrl>
 #include <optional>
 
+class QThreadPool;
+
 namespace Veilshot {
 
-/// Encodes the bitmap and writes the local file on a worker. The future always has a result: nothing, or what
-/// to tell the user if there is no file.
-QFuture<std::optional<QString>> startPngExport(const QImage& bitmap, const QUrl& url);
+/// Encodes the bitmap and writes the local file on a worker of the pool. The future always has a result:
+/// nothing, or what to tell the user if there is no file.
+QFuture<std::optional<QString>> startPngExport(QThreadPool& pool, const QImage& bitmap, const QUrl& url);
 
 } // namespace Veilshot

@@ -21,18 +21,26 @@ public:
     /// Null: nothing is ever recorded.
     explicit SessionRecorder(HistoryStore* history);
 
-    /// Does nothing while the history is switched off.
-    void record(const QImage& bitmap, qint64 regionCount);
+    /// The place of a copy among those of the session. Taken when the user asks for it, because an export is
+    /// known to have succeeded only later.
+    using Turn = quint64;
+    Turn takeTurn() { return ++m_latestTurn; }
+
+    /// Does nothing while the history is switched off, nor when a copy with a later turn came before.
+    void record(Turn turn, const QImage& bitmap, qint64 regionCount);
 
 private:
     struct Copy {
         QImage bitmap;
         qint64 regionCount;
     };
+    void record(const Copy& copy);
 
     QPointer<HistoryStore> m_history;
     std::optional<QUuid> m_historyEntryID;
     std::optional<Copy> m_waiting;
+    Turn m_latestTurn = 0;
+    Turn m_recordedTurn = 0;
     bool m_isRecording = false;
 };
 

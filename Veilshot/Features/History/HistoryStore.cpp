@@ -16,7 +16,6 @@
 #include <QStandardPaths>
 #include <QtConcurrentRun>
 #include <algorithm>
-#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -48,14 +47,10 @@ struct ImageFiles {
 };
 
 bool writeFiles(const ImageFiles& files, const QImage& image) {
-    try {
-        if (!makePrivateFolder(files.folder) || !writePNG(image, files.image))
-            return false;
-        const QImage preview = HistoryPreview::downscaled(image, HistoryStore::previewPixels);
-        return preview.isNull() || writePNG(preview, files.thumbnail);
-    } catch (const std::bad_alloc&) {
+    if (!makePrivateFolder(files.folder) || !writePNG(image, files.image))
         return false;
-    }
+    const QImage preview = HistoryPreview::downscaled(image, HistoryStore::previewPixels);
+    return preview.isNull() || writePNG(preview, files.thumbnail);
 }
 
 } // namespace

@@ -23,12 +23,14 @@ class UserDefaults;
 /// Main thread only. File errors are absorbed: a copy that cannot be kept is not listed, and what cannot be
 /// written or deleted stays as it was. Nobody but the user can read the folder or what is in it.
 ///
-/// Whenever the process dies, the index can be read and every copy that it lists is complete: a copy is
-/// listed once its files are there, and taken off the list before they go to make room for another.
+/// Whenever the process dies, the index can be read and every copy that it lists is complete or gone
+/// altogether: a copy is listed once its files are there, and taken off the list before they go to make room
+/// for another. Only what the user deletes goes before its line in the index does.
 class HistoryStore : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The application has one history.")
+    Q_PROPERTY(Veilshot::HistoryEntries entries READ entries NOTIFY entriesChanged)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY isEnabledChanged)
 
 public:
@@ -68,12 +70,12 @@ public:
     void finishRecordings();
 
     /// Deletes the files of every entry listed, and nothing else in the folder.
-    void clear();
+    Q_INVOKABLE void clear();
     /// Named after what it does, because `delete` is a word of the language.
-    void deleteEntry(const Entry& entry);
+    Q_INVOKABLE void deleteEntry(const Veilshot::HistoryEntry& entry);
 
-    QUrl imageURL(const Entry& entry) const;
-    QUrl thumbnailURL(const Entry& entry) const;
+    Q_INVOKABLE QUrl imageURL(const Veilshot::HistoryEntry& entry) const;
+    Q_INVOKABLE QUrl thumbnailURL(const Veilshot::HistoryEntry& entry) const;
 
 Q_SIGNALS:
     void entriesChanged();

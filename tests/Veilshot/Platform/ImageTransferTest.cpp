@@ -71,6 +71,7 @@ TEST_F(Drop, PrefersTheImageObjectToData) {
 TEST_F(Drop, TakesTheFirstDataOfAnImageTypeThatHoldsPixels) {
     data.setText(u"words"_s);
     data.setData(u"image/svg+xml"_s, "<svg/>");
+    data.setData(u"image/x-emf"_s, "metafile");
     data.setData(u"image/x-of-some-make"_s, png(Qt::green));
     data.setData(u"image/png"_s, png(Qt::red));
     EXPECT_EQ(outcome(), green);
