@@ -9,8 +9,8 @@ namespace Veilshot {
 /// A spring from rest to rest, as a curve over time for Qt's animations:
 ///     Behavior on x { NumberAnimation { duration: Theme.spring.duration; easing: Theme.spring.curve } }
 ///
-/// The motion of a unit mass on a damped spring, released one unit away from its goal: with the angular frequency
-/// w = 2 pi / response and the damping fraction z,
+/// The motion of a unit mass on a damped spring, released one unit away from its goal: with the angular
+/// frequency w = 2 pi / response and the damping fraction z,
 ///     z = 1:  1 - (1 + w t) exp(-w t)
 ///     z < 1:  1 - (cos(d t) + (z w / d) sin(d t)) exp(-z w t),  d = w sqrt(1 - z^2)
 /// It ends when what is left is less than a thousandth.

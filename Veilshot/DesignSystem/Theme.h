@@ -12,8 +12,8 @@ class QQmlEngine;
 
 namespace Veilshot {
 
-/// Every colour, measure and motion of the user interface. Views name an entry and never a raw colour. Colours follow
-/// `isDark` at once. Lengths are in device-independent pixels.
+/// Every colour, measure and motion of the user interface. Views name an entry and never a raw colour.
+/// Colours follow `isDark` at once. Lengths are in device-independent pixels.
 class Theme : public QObject {
     Q_OBJECT
     QML_ELEMENT

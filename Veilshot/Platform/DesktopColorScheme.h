@@ -6,8 +6,9 @@ class QDBusVariant;
 
 namespace Veilshot {
 
-/// Whether the desktop is set to dark, and when that changes. Asks the desktop portal; where there is none, or it has
-/// no preference, the lightness of the application's palette decides. Main thread only; needs a QGuiApplication.
+/// Whether the desktop is set to dark, and when that changes. Asks the desktop portal; where there is none,
+/// or it has no preference, the lightness of the application's palette decides. Main thread only; needs a
+/// QGuiApplication.
 class DesktopColorScheme : public QObject {
     Q_OBJECT
 

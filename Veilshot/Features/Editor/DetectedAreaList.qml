@@ -43,6 +43,7 @@ ColumnLayout {
             DetectedAreaRow {
                 Layout.fillWidth: true
                 store: list.store
+                presenter: list.presenter
             }
         }
 

@@ -10,23 +10,24 @@ Item {
     id: row
 
     required property EditorStore store
-    required property string regionID
+    required property EditorPresenter presenter
+    required property var regionID // a UUID, for which QML has no type
     required property string kind
     required property string singularLabel
     required property string locationLabel
 
     readonly property bool isMarked: hover.hovered || unblur.activeFocus
 
-    function unmark() {
-        if (row.store.highlightedRegionID.toString() === row.regionID)
-            row.store.highlightedRegionID = undefined;
-    }
-
     implicitHeight: 26
     Accessible.role: Accessible.ListItem
     Accessible.name: singularLabel + ", " + locationLabel
-    onIsMarkedChanged: isMarked ? row.store.highlightedRegionID = row.regionID : row.unmark()
-    Component.onDestruction: row.unmark()
+    onIsMarkedChanged: {
+        if (isMarked)
+            row.presenter.enterRegion(row.regionID);
+        else
+            row.presenter.leaveRegion(row.regionID);
+    }
+    Component.onDestruction: row.presenter.leaveRegion(row.regionID)
 
     HoverHandler {
         id: hover

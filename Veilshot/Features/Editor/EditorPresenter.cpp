@@ -22,10 +22,10 @@ InspectorTexts::Context contextOf(const EditorStore* store) {
 
 void EditorPresenter::setStore(EditorStore* store) {
     m_store = store;
-    for (const auto signal :
-         {&EditorStore::stageChanged, &EditorStore::regionsChanged, &EditorStore::removedDetectedRegionsChanged,
-          &EditorStore::previewModeChanged, &EditorStore::redactionStyleChanged, &EditorStore::scanMessageChanged,
-          &EditorStore::didCopyChanged, &EditorStore::isAddingCustomBlurChanged})
+    for (const auto signal : {&EditorStore::stageChanged, &EditorStore::regionsChanged,
+                              &EditorStore::removedDetectedRegionsChanged, &EditorStore::previewModeChanged,
+                              &EditorStore::redactionStyleChanged, &EditorStore::scanMessageChanged,
+                              &EditorStore::didCopyChanged, &EditorStore::isAddingCustomBlurChanged})
         connect(store, signal, this, &EditorPresenter::changed);
     Q_EMIT changed();
 }
@@ -129,6 +129,16 @@ QString EditorPresenter::statusText() const {
 
 bool EditorPresenter::isStatusBusy() const {
     return isScanning() && !m_isDropTargeted;
+}
+
+void EditorPresenter::enterRegion(QUuid id) {
+    if (m_store)
+        m_store->setHighlightedRegionID(id);
+}
+
+void EditorPresenter::leaveRegion(QUuid id) {
+    if (m_store && m_store->highlightedRegionID() == id)
+        m_store->setHighlightedRegionID({});
 }
 
 void EditorPresenter::scanAgain() {

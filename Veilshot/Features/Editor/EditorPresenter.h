@@ -93,6 +93,9 @@ public:
 
     /// Scans the image on screen once more.
     Q_INVOKABLE void scanAgain();
+    /// Marks the area on the image, or takes the mark away unless it has gone to another area since.
+    Q_INVOKABLE void enterRegion(QUuid id);
+    Q_INVOKABLE void leaveRegion(QUuid id);
 
 Q_SIGNALS:
     void changed();

@@ -8,8 +8,8 @@
 
 namespace Veilshot {
 
-/// Takes pictures and files that are dragged over it and hands what is dropped to the session. Qt Quick's own drop
-/// area does not give the data of a drop away.
+/// Takes pictures and files that are dragged over it and hands what is dropped to the session. Qt Quick's own
+/// drop area does not give the data of a drop away.
 class ImageDropTarget : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT

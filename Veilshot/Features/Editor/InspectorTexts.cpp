@@ -38,9 +38,10 @@ QString InspectorTexts::customRegionCount(qint64 count) {
 }
 
 QString InspectorTexts::privacyNote(bool isHistoryEnabled) {
-    return isHistoryEnabled ? u"Scanning runs on this Mac. When you copy or export, the protected copy is saved to "
-                              "History. Originals are never saved."_s
-                            : u"Scanning runs on this Mac. Nothing is saved."_s;
+    return isHistoryEnabled
+               ? u"Scanning runs on this Mac. When you copy or export, the protected copy is saved to "
+                 "History. Originals are never saved."_s
+               : u"Scanning runs on this Mac. Nothing is saved."_s;
 }
 
 } // namespace Veilshot
