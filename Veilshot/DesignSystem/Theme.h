@@ -45,7 +45,8 @@ class Theme : public QObject {
     Q_PROPERTY(Veilshot::Spring snappy READ snappy CONSTANT)
 
 public:
-    explicit Theme(QObject* parent = nullptr);
+    /// Not to be constructed without an argument: Qt would then prefer that to `create` and make one of its own.
+    explicit Theme(QObject* parent);
 
     /// The one that the views see. It belongs to the application and must exist before the first view.
     static Theme* create(QQmlEngine*, QJSEngine*);
