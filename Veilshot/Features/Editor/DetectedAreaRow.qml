@@ -52,7 +52,7 @@ Item {
 
         InspectorText {
             text: row.singularLabel
-            font.pixelSize: 12
+            font.pixelSize: Theme.fontLabel
             Accessible.ignored: true
         }
 
@@ -60,7 +60,7 @@ Item {
             Layout.fillWidth: true
             text: row.locationLabel
             color: Theme.textTertiary
-            font.pixelSize: 12
+            font.pixelSize: Theme.fontLabel
             elide: Text.ElideRight
             Accessible.ignored: true
         }

@@ -46,17 +46,10 @@ Rectangle {
         visible: opacity > 0
         onIsShownChanged: if (isShown) lastText = canvas.presenter.statusText
 
+        text: isShown ? canvas.presenter.statusText : lastText
+
         ProgressIndicator {
             visible: canvas.presenter.isStatusBusy
-        }
-
-        Text {
-            text: pill.isShown ? canvas.presenter.statusText : pill.lastText
-            color: Theme.textPrimary
-            font.pixelSize: 12
-            font.weight: Font.Medium
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
 
         Behavior on anchors.bottomMargin {

@@ -4,7 +4,7 @@ import Veilshot.DesignSystem
 /// A text of the inspector.
 Text {
     color: Theme.textPrimary
-    font.pixelSize: 13
+    font.pixelSize: Theme.fontBody
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 }

@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import QtQuick.Layouts
 import Veilshot.DesignSystem
 import Veilshot.Features
@@ -28,7 +28,7 @@ Rectangle {
             contentHeight: sections.implicitHeight
             boundsBehavior: Flickable.StopAtBounds
             clip: true
-            ScrollBar.vertical: ScrollBar {}
+            T.ScrollBar.vertical: ScrollBar {}
 
             ColumnLayout {
                 id: sections
@@ -68,7 +68,7 @@ Rectangle {
                         Layout.fillWidth: true
                         text: inspector.presenter.summarySubtitle
                         color: Theme.textSecondary
-                        font.pixelSize: 12
+                        font.pixelSize: Theme.fontLabel
                         wrapMode: Text.WordWrap
                     }
                 }
@@ -170,7 +170,7 @@ Rectangle {
                             }
                         }
 
-                        IntensitySlider {
+                        Slider {
                             Layout.fillWidth: true
                             label: inspector.presenter.intensityLabel
                             from: 8
@@ -223,7 +223,7 @@ Rectangle {
                     Layout.margins: 16
                     text: inspector.presenter.privacyNote
                     color: Theme.textTertiary
-                    font.pixelSize: 11
+                    font.pixelSize: Theme.fontNote
                     wrapMode: Text.WordWrap
                 }
             }

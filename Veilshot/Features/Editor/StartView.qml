@@ -54,7 +54,7 @@ FocusScope {
                     Layout.maximumWidth: 380
                     text: "Names, emails, phone numbers, card numbers and faces get blurred before you share. Nothing leaves this Mac."
                     color: Theme.textSecondary
-                    font.pixelSize: 13
+                    font.pixelSize: Theme.fontBody
                     lineHeight: 1.2
                     horizontalAlignment: Text.AlignHCenter
                     wrapMode: Text.WordWrap
@@ -85,7 +85,7 @@ FocusScope {
                     Layout.topMargin: 14
                     text: "Or drop an image into this window."
                     color: Theme.textTertiary
-                    font.pixelSize: 12
+                    font.pixelSize: Theme.fontLabel
                     Accessible.role: Accessible.StaticText
                     Accessible.name: text
                 }
