@@ -27,7 +27,7 @@ int runWindow(const WindowRequest& request) {
     QApplication::setDesktopFileName(u"veilshot"_s);
     QApplication::setWindowIcon(QIcon(u":/qt/qml/Veilshot/DesignSystem/Icons/veilshot.svg"_s));
 
-    Theme theme;
+    Theme theme(nullptr);
     const DesktopColorScheme desktop;
     const auto applyAppearance = [&] {
         theme.setDark(isDark(readAppAppearance(UserDefaults::standard()), desktop.isDark()));
