@@ -17,7 +17,7 @@ struct CanvasStatus {
     struct Context {
         bool isDropTargeted = false;
         EditorStore::Stage stage = EditorStore::Stage::Empty;
-        QString scanMessage;
+        QString scanMessage = {};
         bool didCopy = false;
         bool isAddingCustomBlur = false;
     };

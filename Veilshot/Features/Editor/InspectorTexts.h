@@ -9,7 +9,7 @@ namespace Veilshot::InspectorTexts {
 
 struct Context {
     EditorStore::Stage stage = EditorStore::Stage::Empty;
-    QString scanMessage;
+    QString scanMessage = {};
     qint64 regionCount = 0; ///< detected and drawn ones
     qint64 removedCount = 0;
 };
