@@ -29,6 +29,7 @@ class HistoryStore : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The application has one history.")
+    Q_PROPERTY(int count READ count NOTIFY entriesChanged)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY isEnabledChanged)
 
 public:
@@ -51,6 +52,9 @@ public:
     static QUrl defaultDirectory();
 
     const Entries& entries() const { return m_entries; }
+    int count() const { return int(m_entries.size()); }
+    /// The one that dates the entries.
+    const Clock& clock() const { return m_clock; }
     const QUrl& directory() const { return m_directory; }
 
     /// Whether new copies are to be recorded; the caller of `record` asks. Kept in the defaults as
@@ -68,9 +72,9 @@ public:
     void finishRecordings();
 
     /// Deletes the files of every entry listed, and nothing else in the folder.
-    void clear();
+    Q_INVOKABLE void clear();
     /// Named after what it does, because `delete` is a word of the language.
-    void deleteEntry(const Entry& entry);
+    Q_INVOKABLE void deleteEntry(const Veilshot::HistoryEntry& entry);
 
     QUrl imageURL(const Entry& entry) const;
     QUrl thumbnailURL(const Entry& entry) const;
