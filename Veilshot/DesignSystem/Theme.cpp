@@ -3,6 +3,7 @@
 #include "VeilshotCore/Models/SensitiveKind.h"
 
 #include <QQmlEngine>
+#include <algorithm>
 
 namespace Veilshot {
 
@@ -40,6 +41,11 @@ QVariantMap Theme::tints() const {
     for (const auto& [kind, tint] : table)
         tints.insert(rawValue(kind), tint);
     return tints;
+}
+
+QColor Theme::brightened(const QColor& color, double amount) {
+    const auto moved = [amount](float component) { return std::clamp(component + float(amount), 0.f, 1.f); };
+    return QColor::fromRgbF(moved(color.redF()), moved(color.greenF()), moved(color.blueF()), color.alphaF());
 }
 
 } // namespace Veilshot

@@ -12,8 +12,8 @@ class QQmlEngine;
 
 namespace Veilshot {
 
-/// Every colour, measure and motion of the user interface. Views name an entry and never a raw colour. Colours follow
-/// `isDark` at once. Lengths are in device-independent pixels.
+/// Every colour, measure and motion of the user interface. Views name an entry and never a raw colour.
+/// Colours follow `isDark` at once. Lengths are in device-independent pixels.
 class Theme : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -38,14 +38,39 @@ class Theme : public QObject {
     Q_PROPERTY(QColor danger READ danger NOTIFY isDarkChanged)
     Q_PROPERTY(QColor imageOutline READ imageOutline NOTIFY isDarkChanged)
     Q_PROPERTY(QColor imageShadow READ imageShadow CONSTANT)
+    /// Around `brand`.
+    Q_PROPERTY(QColor onBrandOutline READ onBrandOutline CONSTANT)
+    /// Under what floats above the content: pills, menus, dialogs.
+    Q_PROPERTY(QColor floatingShadow READ floatingShadow CONSTANT)
+    /// Over the content while a dialog wants an answer.
+    Q_PROPERTY(QColor scrim READ scrim NOTIFY isDarkChanged)
     /// The colour of each kind of area, by the kind's raw value: Theme.tints["email"].
     Q_PROPERTY(QVariantMap tints READ tints NOTIFY isDarkChanged)
 
+    Q_PROPERTY(int fontTitle MEMBER fontTitle CONSTANT)
+    Q_PROPERTY(int fontBody MEMBER fontBody CONSTANT)
+    Q_PROPERTY(int fontLabel MEMBER fontLabel CONSTANT)
+    Q_PROPERTY(int fontNote MEMBER fontNote CONSTANT)
+    /// Of buttons.
+    Q_PROPERTY(int controlHeight MEMBER controlHeight CONSTANT)
+    Q_PROPERTY(int controlRadius MEMBER controlRadius CONSTANT)
+    /// Of what lies inside a control or list: a chosen segment, a row, an item of a menu.
+    Q_PROPERTY(int rowRadius MEMBER rowRadius CONSTANT)
+    /// Of what holds controls: dialogs, sheets, the outline of a drop target.
+    Q_PROPERTY(int panelRadius MEMBER panelRadius CONSTANT)
+    /// From the edge of a panel to its content.
+    Q_PROPERTY(int panelPadding MEMBER panelPadding CONSTANT)
+    Q_PROPERTY(qreal disabledOpacity MEMBER disabledOpacity CONSTANT)
+
+    /// In milliseconds, easing out: how a control answers the pointer.
+    Q_PROPERTY(int hoverDuration MEMBER hoverDuration CONSTANT)
     Q_PROPERTY(Veilshot::Spring spring READ spring CONSTANT)
     Q_PROPERTY(Veilshot::Spring snappy READ snappy CONSTANT)
 
 public:
-    explicit Theme(QObject* parent = nullptr);
+    /// Not to be constructed without an argument: Qt would then prefer that to `create` and make one of its
+    /// own.
+    explicit Theme(QObject* parent);
 
     /// The one that the views see. It belongs to the application and must exist before the first view.
     static Theme* create(QQmlEngine*, QJSEngine*);
@@ -71,7 +96,25 @@ public:
     QColor danger() const { return pick(0xc73131, 0xeb5757); }
     QColor imageOutline() const { return withOpacity(pick(0x000000, 0xffffff), 0.08); }
     static QColor imageShadow() { return withOpacity(Qt::black, 0.16); }
+    static QColor onBrandOutline() { return withOpacity(Qt::white, 0.1); }
+    static QColor floatingShadow() { return withOpacity(Qt::black, 0.4); }
+    QColor scrim() const { return withOpacity(Qt::black, m_isDark ? 0.6 : 0.3); }
     QVariantMap tints() const;
+
+    /// Each component raised or lowered by `amount`, where 1 is the whole range; opacity stays.
+    Q_INVOKABLE static QColor brightened(const QColor& color, double amount);
+
+    const int fontTitle = 15;
+    const int fontBody = 13;
+    const int fontLabel = 12;
+    const int fontNote = 11;
+    const int controlHeight = 32;
+    const int controlRadius = 6;
+    const int rowRadius = 5;
+    const int panelRadius = 10;
+    const int panelPadding = 16;
+    const qreal disabledOpacity = 0.4;
+    const int hoverDuration = 120;
 
     static Spring spring() { return Spring::smooth(); }
     static Spring snappy() { return Spring::snappy(); }

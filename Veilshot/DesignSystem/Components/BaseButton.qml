@@ -1,0 +1,31 @@
+import QtQuick
+import QtQuick.Templates as T
+import Veilshot.DesignSystem
+
+/// What all buttons have: Space and Return press them, and they show where the keyboard is.
+T.AbstractButton {
+    id: button
+
+    required text
+    property real cornerRadius: Theme.controlRadius
+    readonly property bool isHovered: enabled && hovered
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    hoverEnabled: true
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    font.pixelSize: Theme.fontBody
+
+    Keys.onReturnPressed: event => pressOnce(event)
+    Keys.onEnterPressed: event => pressOnce(event)
+
+    function pressOnce(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            click();
+    }
+
+    FocusRing {
+        visible: button.visualFocus
+        cornerRadius: button.cornerRadius
+    }
+}
