@@ -3,6 +3,7 @@
 #include "Veilshot/DesignSystem/Theme.h"
 #include "Veilshot/Features/Editor/EditorStore.h"
 #include "Veilshot/Features/Editor/ImageImporter.h"
+#include "Veilshot/Features/History/HistoryActions.h"
 #include "Veilshot/Features/History/HistoryStore.h"
 #include "Veilshot/Features/Settings/AppAppearance.h"
 #include "Veilshot/Platform/DesktopColorScheme.h"
@@ -43,6 +44,7 @@ int runWindow(const WindowRequest& request) {
     engine.addImportPath(u"qrc:/qt/qml"_s);
     engine.setInitialProperties({{u"store"_s, QVariant::fromValue(&store)},
                                  {u"history"_s, QVariant::fromValue(&HistoryStore::shared())},
+                                 {u"historyActions"_s, QVariant::fromValue(&HistoryActions::shared())},
                                  {u"importer"_s, QVariant::fromValue(&importer)},
                                  {u"visible"_s, true}});
     engine.load(u"qrc:/qt/qml/Veilshot/Features/Editor/EditorWindow.qml"_s);

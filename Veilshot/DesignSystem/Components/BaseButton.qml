@@ -16,6 +16,9 @@ T.AbstractButton {
     opacity: enabled ? 1 : Theme.disabledOpacity
     font.pixelSize: Theme.fontBody
 
+    // Qt's own name comes too late for who asks before assistive tools are known to run.
+    Accessible.name: text
+
     Keys.onReturnPressed: event => pressOnce(event)
     Keys.onEnterPressed: event => pressOnce(event)
 

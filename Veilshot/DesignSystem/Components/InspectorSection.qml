@@ -4,10 +4,10 @@ import QtQuick.Templates as T
 import Veilshot.DesignSystem
 
 /// A part of a side panel: a title over its content, which is laid out as a column, and a line at the end.
-T.Control {
+T.GroupBox {
     id: section
 
-    required property string title
+    required title
     default property alias content: column.data
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
@@ -15,7 +15,6 @@ T.Control {
     horizontalPadding: Theme.panelPadding
     verticalPadding: 14
 
-    Accessible.role: Accessible.Grouping
     Accessible.name: title
 
     contentItem: ColumnLayout {

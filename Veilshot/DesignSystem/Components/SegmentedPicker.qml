@@ -5,8 +5,8 @@ import QtQuick.Templates as T
 import Veilshot.DesignSystem
 
 /// One of a few choices, side by side. It shows `currentIndex` and asks for another one with `activated`; whoever owns
-/// the choice changes it. One stop for Tab; the arrow keys move the choice.
-T.Control {
+/// the choice changes it. One stop for Tab; the arrow keys move the choice. `title` is what it is called aloud.
+T.GroupBox {
     id: picker
 
     required property list<string> titles
@@ -23,7 +23,7 @@ T.Control {
     font.pixelSize: Theme.fontLabel
     font.weight: Font.Medium
 
-    Accessible.role: Accessible.Grouping
+    Accessible.name: title
 
     Keys.onLeftPressed: step(-1)
     Keys.onRightPressed: step(1)
@@ -99,7 +99,8 @@ T.Control {
                         selection.moveTo(item);
                 }
 
-                BaseButton {
+                // Not checkable itself: the picker shows what its owner says, also when that refuses a choice.
+                T.RadioButton {
                     id: segment
 
                     required property int index
@@ -109,16 +110,15 @@ T.Control {
                     text: modelData
                     width: picker.fullWidth
                         ? (picker.availableWidth - (segments.count - 1) * picker.spacing) / segments.count
-                        : implicitWidth
+                        : implicitContentWidth + leftPadding + rightPadding
                     implicitHeight: 24
                     // Without room for it the text matters more than the space around it.
                     horizontalPadding: picker.fullWidth ? 2 : 12
-                    cornerRadius: Theme.rowRadius
-                    opacity: 1
+                    checkable: false
                     font: picker.font
                     focusPolicy: isSelected ? Qt.StrongFocus : Qt.ClickFocus
 
-                    Accessible.role: Accessible.RadioButton
+                    Accessible.name: text
                     Accessible.checkable: true
                     Accessible.checked: isSelected
 
@@ -131,6 +131,10 @@ T.Control {
                         horizontalAlignment: Text.AlignHCenter
                         verticalAlignment: Text.AlignVCenter
                         elide: Text.ElideRight
+                    }
+                    FocusRing {
+                        visible: segment.visualFocus
+                        cornerRadius: Theme.rowRadius
                     }
                 }
             }

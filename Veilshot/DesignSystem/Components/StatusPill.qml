@@ -1,44 +1,39 @@
 import QtQuick
-import QtQuick.Templates as T
 import Veilshot.DesignSystem
 
 /// A short message floating above the content: `text`, after the content (a symbol, a progress indicator).
-T.Control {
+FloatingPanel {
     id: pill
 
     property string text
-    default property alias content: row.data
+    default property alias content: extras.data
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    horizontalPadding: 12
-    verticalPadding: 7
-    spacing: 8
-    font.pixelSize: Theme.fontLabel
-    font.weight: Font.Medium
+    implicitWidth: row.implicitWidth + 2 * 12
+    implicitHeight: row.implicitHeight + 2 * 7
+    radius: height / 2
 
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 
-    contentItem: Row {
-        spacing: pill.spacing
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        spacing: 8
 
         Row {
-            id: row
+            id: extras
 
             anchors.verticalCenter: parent.verticalCenter
-            spacing: pill.spacing
+            spacing: row.spacing
             visible: children.length > 0
         }
         Text {
             anchors.verticalCenter: parent.verticalCenter
-            visible: text !== ""
             text: pill.text
-            font: pill.font
+            font.pixelSize: Theme.fontLabel
+            font.weight: Font.Medium
             color: Theme.textPrimary
         }
-    }
-    background: FloatingPanel {
-        radius: height / 2
     }
 }

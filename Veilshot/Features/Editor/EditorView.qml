@@ -12,6 +12,7 @@ FocusScope {
 
     required property EditorStore store
     required property HistoryStore history
+    required property HistoryActions historyActions
     required property ImageImporter importer
 
     EditorPresenter {
@@ -57,6 +58,7 @@ FocusScope {
                 anchors.fill: parent
                 store: view.store
                 history: view.history
+                historyActions: view.historyActions
                 isTargeted: dropTarget.isTargeted
                 onOpenRequested: view.importer.present()
                 opacity: presenter.isEmpty ? 1 : 0

@@ -11,6 +11,7 @@ Window {
 
     required property EditorStore store
     required property HistoryStore history
+    required property HistoryActions historyActions
     required property ImageImporter importer
 
     width: 1180
@@ -24,6 +25,7 @@ Window {
         anchors.fill: parent
         store: window.store
         history: window.history
+        historyActions: window.historyActions
         importer: window.importer
     }
 }

@@ -11,9 +11,11 @@ FocusScope {
 
     required property EditorStore store
     required property HistoryStore history
+    required property HistoryActions historyActions
     /// While a picture is dragged over the window.
     required property bool isTargeted
-    readonly property bool isShowingEntry: false
+    /// While a sheet or a question lies over the view.
+    readonly property bool isShowingEntry: sheet.active || strip.isConfirmingClear
 
     signal openRequested
 
@@ -90,6 +92,54 @@ FocusScope {
                     Accessible.name: text
                 }
             }
+        }
+
+        RecentHistoryView {
+            id: strip
+
+            Layout.fillWidth: true
+            Layout.preferredHeight: isShown ? implicitHeight : 0
+
+            readonly property bool isShown: view.history.count > 0
+
+            history: view.history
+            actions: view.historyActions
+            opacity: isShown ? 1 : 0
+            visible: opacity > 0
+            onSelect: entry => {
+                sheet.entry = entry;
+                sheet.active = true;
+            }
+
+            Behavior on Layout.preferredHeight {
+                NumberAnimation {
+                    duration: Theme.spring.duration
+                    easing: Theme.spring.curve
+                }
+            }
+
+            Behavior on opacity {
+                NumberAnimation {
+                    duration: Theme.spring.duration
+                    easing: Theme.spring.curve
+                }
+            }
+        }
+    }
+
+    Loader {
+        id: sheet
+
+        property historyEntry entry
+
+        active: false
+        sourceComponent: HistoryDetailView {
+            history: view.history
+            actions: view.historyActions
+            entry: sheet.entry
+            visible: true
+            onClosed: sheet.active = false
+            onOpenInEditor: view.store.load(view.history.imageURL(entry))
         }
     }
 

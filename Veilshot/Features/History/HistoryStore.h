@@ -30,7 +30,7 @@ class HistoryStore : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The application has one history.")
-    Q_PROPERTY(Veilshot::HistoryEntries entries READ entries NOTIFY entriesChanged)
+    Q_PROPERTY(int count READ count NOTIFY entriesChanged)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY isEnabledChanged)
 
 public:
@@ -53,6 +53,9 @@ public:
     static QUrl defaultDirectory();
 
     const Entries& entries() const { return m_entries; }
+    int count() const { return int(m_entries.size()); }
+    /// The one that dates the entries.
+    const Clock& clock() const { return m_clock; }
     const QUrl& directory() const { return m_directory; }
 
     /// Whether new copies are to be recorded; the caller of `record` asks. Kept in the defaults as

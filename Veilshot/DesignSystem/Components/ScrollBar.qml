@@ -1,0 +1,22 @@
+import QtQuick
+import QtQuick.Templates as T
+import Veilshot.DesignSystem
+
+/// Attach it: `T.ScrollBar.vertical: ScrollBar { }`. It shows while there is something to scroll, and becomes clearer
+/// under the pointer.
+T.ScrollBar {
+    id: bar
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    padding: 2
+    minimumSize: 0.1
+    visible: policy !== T.ScrollBar.AlwaysOff && size < 1
+
+    contentItem: Rectangle {
+        implicitWidth: 6
+        implicitHeight: 6
+        radius: 3
+        color: bar.hovered || bar.pressed ? Theme.textSecondary : Theme.outline
+    }
+}
