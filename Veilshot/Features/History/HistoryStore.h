@@ -30,6 +30,7 @@ class HistoryStore : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The application has one history.")
+    Q_PROPERTY(Veilshot::HistoryEntries entries READ entries NOTIFY entriesChanged)
     Q_PROPERTY(int count READ count NOTIFY entriesChanged)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY isEnabledChanged)
 
