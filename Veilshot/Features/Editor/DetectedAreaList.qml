@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Veilshot.DesignSystem
 import Veilshot.Features
 
-/// The areas that were detected, to be looked through one by one. Starts collapsed.
+/// The areas that were detected, to be looked through one by one. Collapsed whenever it comes into sight.
 ColumnLayout {
     id: list
 
@@ -14,6 +14,7 @@ ColumnLayout {
     property bool isExpanded: false
 
     spacing: 4
+    onVisibleChanged: isExpanded = false
 
     DisclosureButton {
         text: list.isExpanded ? "Hide areas" : "Review " + list.presenter.detectedCount + " areas"

@@ -68,9 +68,17 @@ Item {
         PlainButton {
             id: unblur
             text: "Unblur"
-            helpText: "Stop hiding this area"
+            Accessible.description: tip.text
+            font.pixelSize: Theme.fontLabel
+            color: Theme.textSecondary
             opacity: row.isMarked ? 1 : 0
             onClicked: row.store.removeDetectedRegion(row.regionID)
+
+            ToolTip {
+                id: tip
+                visible: unblur.hovered || unblur.visualFocus
+                text: "Stop hiding this area"
+            }
         }
     }
 }

@@ -116,6 +116,7 @@ FocusScope {
     AlertDialog {
         id: alert
         title: "Couldn’t use that image"
+        message: ""
         onDismissed: view.store.errorMessage = ""
     }
 

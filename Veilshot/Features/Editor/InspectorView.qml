@@ -110,9 +110,6 @@ Rectangle {
                                 InspectorText {
                                     text: line.modelData.count
                                     color: Theme.textSecondary
-                                    font.features: ({
-                                            "tnum": 1
-                                        })
                                 }
                             }
                         }
@@ -126,15 +123,11 @@ Rectangle {
                         wrapMode: Text.WordWrap
                     }
 
-                    Loader {
+                    DetectedAreaList {
                         Layout.fillWidth: true
-                        // Made anew each time, so that it starts collapsed.
-                        active: inspector.presenter.detectedCount > 0 || inspector.presenter.removedCount > 0
-                        visible: active
-                        sourceComponent: DetectedAreaList {
-                            store: inspector.store
-                            presenter: inspector.presenter
-                        }
+                        visible: inspector.presenter.detectedCount > 0 || inspector.presenter.removedCount > 0
+                        store: inspector.store
+                        presenter: inspector.presenter
                     }
                 }
 
