@@ -24,7 +24,6 @@ using namespace Qt::StringLiterals;
 namespace Veilshot {
 
 int runWindow(const WindowRequest& request) {
-    QApplication::setApplicationDisplayName(u"Veilshot"_s);
     QApplication::setDesktopFileName(u"veilshot"_s);
     QApplication::setWindowIcon(QIcon(u":/qt/qml/Veilshot/DesignSystem/Icons/veilshot.svg"_s));
 

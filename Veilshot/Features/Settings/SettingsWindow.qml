@@ -14,10 +14,10 @@ Window {
 
     width: view.implicitWidth
     height: view.implicitHeight
-    minimumWidth: width
-    maximumWidth: width
-    minimumHeight: height
-    maximumHeight: height
+    minimumWidth: view.implicitWidth
+    maximumWidth: view.implicitWidth
+    minimumHeight: view.implicitHeight
+    maximumHeight: view.implicitHeight
     flags: Qt.Dialog
     title: "Settings"
     color: Theme.windowBackground
