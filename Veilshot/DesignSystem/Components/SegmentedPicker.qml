@@ -75,10 +75,11 @@ T.GroupBox {
                 segment = next;
             }
 
-            NumberAnimation on progress {
+            NumberAnimation {
                 id: motion
 
-                running: false
+                target: selection
+                property: "progress"
                 from: 0
                 to: 1
                 duration: Theme.snappy.duration
