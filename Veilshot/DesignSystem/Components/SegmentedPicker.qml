@@ -116,7 +116,8 @@ T.GroupBox {
                     horizontalPadding: picker.fullWidth ? 2 : 12
                     checkable: false
                     font: picker.font
-                    focusPolicy: isSelected ? Qt.StrongFocus : Qt.ClickFocus
+                    // Who has the focus cannot cease to be a stop for Tab.
+                    focusPolicy: isSelected || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
                     Accessible.name: text
                     Accessible.checkable: true
