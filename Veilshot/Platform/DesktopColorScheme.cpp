@@ -1,6 +1,5 @@
 #include "Veilshot/Platform/DesktopColorScheme.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QEvent>
@@ -30,8 +29,8 @@ uint preferenceIn(QVariant value) {
 
 } // namespace
 
-DesktopColorScheme::DesktopColorScheme(QObject* parent) : QObject(parent) {
-    auto bus = QDBusConnection::sessionBus();
+DesktopColorScheme::DesktopColorScheme(QDBusConnection bus, QObject* parent) : QObject(parent) {
+    qRegisterMetaType<QDBusVariant>(); // or Qt does not find the slot for the signal
     bus.connect(portalService, portalPath, settingsInterface, u"SettingChanged"_s, this,
                 SLOT(handlePortalChange(QString, QString, QDBusVariant)));
     auto question = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"Read"_s);

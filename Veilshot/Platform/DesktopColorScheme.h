@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QDBusConnection>
+#include <QDBusVariant> // a slot's argument must be a complete type to be connected to a bus
 #include <QObject>
-
-class QDBusVariant;
 
 namespace Veilshot {
 
@@ -14,7 +14,8 @@ class DesktopColorScheme : public QObject {
 
 public:
     /// Waits for the portal for a moment at most, so that the first window has its colours from the start.
-    explicit DesktopColorScheme(QObject* parent = nullptr);
+    explicit DesktopColorScheme(QDBusConnection bus = QDBusConnection::sessionBus(),
+                                QObject* parent = nullptr);
 
     bool isDark() const { return m_isDark; }
 

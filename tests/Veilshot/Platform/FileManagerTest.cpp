@@ -1,12 +1,10 @@
 #include "Veilshot/Platform/FileManager.h"
 
+#include "tests/Veilshot/Platform/PrivateBus.h"
 #include "tests/Veilshot/StandIns.h"
 
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -28,57 +26,30 @@ public:
     }
 };
 
-/// A bus that starts no service by itself.
 struct FileManagerTest : testing::Test {
-    const QTemporaryDir temporary;
-    QProcess daemon;
+    PrivateBus bus;
     FileManagerService service;
     std::vector<QUrl> opened;
     const QUrl file = QUrl::fromLocalFile(u"/home/øjvind/my shots/50%.png"_s);
     const QUrl folder = QUrl::fromLocalFile(u"/home/øjvind/my shots"_s);
 
     void SetUp() override {
-        QFile configuration(temporary.filePath(u"bus.conf"_s));
-        ASSERT_TRUE(configuration.open(QIODevice::WriteOnly));
-        configuration.write(
-            "<busconfig><listen>unix:dir=" + QFile::encodeName(temporary.path()) +
-            "</listen><policy context='default'><allow eavesdrop='true'/><allow send_destination='*'/>"
-            "<allow own='*'/></policy></busconfig>");
-        configuration.close();
-        daemon.start(u"dbus-daemon"_s,
-                     {u"--nofork"_s, u"--print-address"_s, u"--config-file="_s + configuration.fileName()});
-        if (!daemon.waitForStarted())
-            GTEST_SKIP() << "dbus-daemon: " << daemon.errorString().toStdString();
-        ASSERT_TRUE(daemon.canReadLine() || daemon.waitForReadyRead());
-        m_address = QString::fromLocal8Bit(daemon.readLine()).trimmed();
-    }
-
-    void TearDown() override {
-        for (const QString& name : {u"desktop"_s, u"veilshot"_s})
-            QDBusConnection::disconnectFromBus(name);
-        daemon.kill();
-        daemon.waitForFinished();
-    }
-
-    QDBusConnection connection(const QString& name) const {
-        return QDBusConnection::connectToBus(m_address, name);
+        if (!bus.isRunning())
+            GTEST_SKIP() << "there is no dbus-daemon";
     }
 
     void startService() {
-        auto bus = connection(u"desktop"_s);
-        ASSERT_TRUE(bus.registerVirtualObject(u"/org/freedesktop/FileManager1"_s, &service));
-        ASSERT_TRUE(bus.registerService(u"org.freedesktop.FileManager1"_s));
+        auto desktop = bus.connection(u"desktop"_s);
+        ASSERT_TRUE(desktop.registerVirtualObject(u"/org/freedesktop/FileManager1"_s, &service));
+        ASSERT_TRUE(desktop.registerService(u"org.freedesktop.FileManager1"_s));
     }
 
     SystemFileManager::OpenFolder open = [this](const QUrl& url) { opened.push_back(url); };
-
-private:
-    QString m_address;
 };
 
 TEST_F(FileManagerTest, AsksTheDesktopToSelectTheFileAndOpensTheFolderIfThatIsRefused) {
     startService();
-    SystemFileManager fileManager(connection(u"veilshot"_s), open);
+    SystemFileManager fileManager(bus.connection(u"veilshot"_s), open);
     fileManager.reveal(file);
     ASSERT_TRUE(StandIns::waitUntil([&] { return !service.calls.empty(); }));
     EXPECT_EQ(service.calls[0].interface(), u"org.freedesktop.FileManager1"_s);
@@ -97,7 +68,7 @@ TEST_F(FileManagerTest, OpensTheFolderWhereNoFileManagerOrNoBusAnswers) {
     SystemFileManager(QDBusConnection(u"none"_s), open).reveal(file);
     EXPECT_THAT(opened, testing::ElementsAre(folder));
 
-    SystemFileManager fileManager(connection(u"veilshot"_s), open);
+    SystemFileManager fileManager(bus.connection(u"veilshot"_s), open);
     fileManager.reveal(file);
     ASSERT_TRUE(StandIns::waitUntil([&] { return opened.size() == 2; }));
     EXPECT_EQ(opened[1], folder);
