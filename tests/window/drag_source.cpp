@@ -1,0 +1,33 @@
+#include <QApplication>
+#include <QDrag>
+#include <QMimeData>
+#include <QUrl>
+#include <QWidget>
+#include <cstdio>
+
+/// A file manager with a single file, which the pointer can drag away. It says whether the file was taken.
+class DragSource : public QWidget {
+public:
+    explicit DragSource(const QString& path) : QWidget(nullptr, Qt::BypassWindowManagerHint), m_path(path) {}
+
+protected:
+    void mouseMoveEvent(QMouseEvent*) override {
+        auto* drag = new QDrag(this);
+        auto* url = new QMimeData;
+        url->setUrls({QUrl::fromLocalFile(m_path)});
+        drag->setMimeData(url);
+        std::puts(drag->exec(Qt::CopyAction) == Qt::CopyAction ? "taken" : "refused");
+        QApplication::quit();
+    }
+
+private:
+    QString m_path;
+};
+
+int main(int argumentCount, char** arguments) {
+    const QApplication application(argumentCount, arguments);
+    DragSource source(QString::fromLocal8Bit(arguments[1]));
+    source.setGeometry(0, 0, 40, 40);
+    source.show();
+    return QApplication::exec();
+}
