@@ -5,7 +5,7 @@
 #include "Veilshot/Features/Editor/ImageImporter.h"
 #include "Veilshot/Features/History/HistoryActions.h"
 #include "Veilshot/Features/History/HistoryStore.h"
-#include "Veilshot/Features/Settings/AppAppearance.h"
+#include "Veilshot/Features/Settings/AppearanceSetting.h"
 #include "Veilshot/Platform/DesktopColorScheme.h"
 #include "Veilshot/Platform/FilePanel.h"
 #include "Veilshot/Platform/UserDefaults.h"
@@ -24,17 +24,12 @@ using namespace Qt::StringLiterals;
 namespace Veilshot {
 
 int runWindow(const WindowRequest& request) {
-    QApplication::setApplicationDisplayName(u"Veilshot"_s);
     QApplication::setDesktopFileName(u"veilshot"_s);
     QApplication::setWindowIcon(QIcon(u":/qt/qml/Veilshot/DesignSystem/Icons/veilshot.svg"_s));
 
     Theme theme(nullptr);
     const DesktopColorScheme desktop;
-    const auto applyAppearance = [&] {
-        theme.setDark(isDark(readAppAppearance(UserDefaults::standard()), desktop.isDark()));
-    };
-    applyAppearance();
-    QObject::connect(&desktop, &DesktopColorScheme::isDarkChanged, &theme, applyAppearance);
+    AppearanceSetting appearance(UserDefaults::standard(), desktop, theme);
 
     SystemFilePanel filePanel;
     EditorStore& store = EditorStore::shared();
@@ -46,6 +41,7 @@ int runWindow(const WindowRequest& request) {
                                  {u"history"_s, QVariant::fromValue(&HistoryStore::shared())},
                                  {u"historyActions"_s, QVariant::fromValue(&HistoryActions::shared())},
                                  {u"importer"_s, QVariant::fromValue(&importer)},
+                                 {u"appearance"_s, QVariant::fromValue(&appearance)},
                                  {u"visible"_s, true}});
     engine.load(u"qrc:/qt/qml/Veilshot/Features/Editor/EditorWindow.qml"_s);
     if (engine.rootObjects().isEmpty())

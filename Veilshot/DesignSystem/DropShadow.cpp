@@ -4,6 +4,7 @@
 
 #include <QQuickWindow>
 #include <QSGNinePatchNode>
+#include <QSGRendererInterface>
 #include <algorithm>
 #include <cmath>
 
@@ -20,7 +21,9 @@ QSGNode* DropShadow::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
         return nullptr;
     }
     const auto patch = node ? static_cast<QSGNinePatchNode*>(node) : window()->createNinePatchNode();
-    const int ratio = int(std::ceil(window()->effectiveDevicePixelRatio()));
+    // The software renderer measures the texture's corners in pixels, whatever it is told.
+    const bool isSoftware = window()->rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
+    const int ratio = isSoftware ? 1 : int(std::ceil(window()->effectiveDevicePixelRatio()));
     const qreal radius = std::min({m_cornerRadius, width() / 2, height() / 2});
     const ShadowImage shadow = ShadowImage::make(size(), radius, m_blurRadius, m_color, ratio);
     patch->setTexture(window()->createTextureFromImage(shadow.image));

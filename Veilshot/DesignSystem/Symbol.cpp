@@ -37,7 +37,8 @@ void paintMissing(QPainter* painter, const QRectF& bounds) {
 } // namespace
 
 Symbol::Symbol(QQuickItem* parent) : QQuickPaintedItem(parent) {
-    setAntialiasing(true);
+    // It is drawn in the screen's own pixels: to blend neighbours would only blur it.
+    setSmooth(false);
     setImplicitSize(16, 16);
 }
 

@@ -24,7 +24,7 @@ T.AbstractButton {
 
     function pressOnce(event: KeyEvent) {
         if (!event.isAutoRepeat)
-            click();
+            clicked();
     }
 
     FocusRing {

@@ -6,6 +6,16 @@ import Veilshot.DesignSystem
 T.Menu {
     id: menu
 
+    // Qt does not give the focus back by itself.
+    property Item formerFocus: null
+    property int formerReason: Qt.PopupFocusReason
+
+    onAboutToShow: {
+        formerFocus = parent.Window.activeFocusItem;
+        formerReason = (formerFocus as T.Control)?.visualFocus ? Qt.TabFocusReason : Qt.PopupFocusReason;
+    }
+    onClosed: formerFocus?.forceActiveFocus(formerReason)
+
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
     contentWidth: list.contentItem.childrenRect.width

@@ -38,6 +38,14 @@ BaseButton {
     background: Rectangle {
         radius: button.cornerRadius
         color: Theme.brightened(button.isPrimary ? Theme.brand : Theme.elevated, button.brightness)
-        border.color: Theme.brightened(button.isPrimary ? Theme.onBrandOutline : Theme.outline, button.brightness)
+
+        // On the colour: a rectangle's own border would have what is behind the button shine through.
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: "transparent"
+            border.color: Theme.brightened(button.isPrimary ? Theme.onBrandOutline : Theme.outline,
+                button.brightness)
+        }
     }
 }

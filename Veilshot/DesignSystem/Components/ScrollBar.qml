@@ -17,6 +17,7 @@ T.ScrollBar {
         implicitWidth: 6
         implicitHeight: 6
         radius: 3
-        color: bar.hovered || bar.pressed ? Theme.textSecondary : Theme.outline
+        color: Theme.textSecondary
+        opacity: bar.hovered || bar.pressed ? 0.9 : 0.4
     }
 }

@@ -75,10 +75,11 @@ T.GroupBox {
                 segment = next;
             }
 
-            NumberAnimation on progress {
+            NumberAnimation {
                 id: motion
 
-                running: false
+                target: selection
+                property: "progress"
                 from: 0
                 to: 1
                 duration: Theme.snappy.duration
@@ -116,7 +117,8 @@ T.GroupBox {
                     horizontalPadding: picker.fullWidth ? 2 : 12
                     checkable: false
                     font: picker.font
-                    focusPolicy: isSelected ? Qt.StrongFocus : Qt.ClickFocus
+                    // Who has the focus cannot cease to be a stop for Tab.
+                    focusPolicy: isSelected || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
                     Accessible.name: text
                     Accessible.checkable: true

@@ -7,6 +7,16 @@ import Veilshot.DesignSystem
 T.Dialog {
     id: sheet
 
+    // Qt does not give the focus back by itself.
+    property Item formerFocus: null
+    property int formerReason: Qt.PopupFocusReason
+
+    onAboutToShow: {
+        formerFocus = parent.Window.activeFocusItem;
+        formerReason = (formerFocus as T.Control)?.visualFocus ? Qt.TabFocusReason : Qt.PopupFocusReason;
+    }
+    onClosed: formerFocus?.forceActiveFocus(formerReason)
+
     parent: T.Overlay.overlay
     anchors.centerIn: parent
     implicitWidth: contentWidth + leftPadding + rightPadding

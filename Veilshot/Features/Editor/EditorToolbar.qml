@@ -15,6 +15,8 @@ Rectangle {
     /// False while something lies over the window that has shortcuts of its own.
     required property bool areShortcutsEnabled
 
+    signal settingsRequested
+
     implicitHeight: 48
     color: Theme.surface
 
@@ -40,6 +42,11 @@ Rectangle {
         sequences: ["Ctrl+S", "Meta+S"]
         enabled: toolbar.areShortcutsEnabled && toolbar.presenter.isReady
         onActivated: toolbar.store.exportProtectedImage()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+,", "Meta+,"]
+        onActivated: toolbar.settingsRequested()
     }
 
     RowLayout {
@@ -90,6 +97,13 @@ Rectangle {
             helpText: "Export the protected image as PNG"
             enabled: toolbar.presenter.isReady
             onClicked: toolbar.store.exportProtectedImage()
+        }
+
+        ToolbarButton {
+            label: "Settings"
+            symbol: "gearshape"
+            helpText: "Settings (⌘,)"
+            onClicked: toolbar.settingsRequested()
         }
     }
 }

@@ -15,6 +15,8 @@ FocusScope {
     required property HistoryActions historyActions
     required property ImageImporter importer
 
+    signal settingsRequested
+
     EditorPresenter {
         id: presenter
         store: view.store
@@ -42,6 +44,7 @@ FocusScope {
             store: view.store
             presenter: presenter
             importer: view.importer
+            onSettingsRequested: view.settingsRequested()
             areShortcutsEnabled: !alert.opened && !startView.isShowingEntry
         }
 

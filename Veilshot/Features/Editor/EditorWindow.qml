@@ -13,6 +13,7 @@ Window {
     required property HistoryStore history
     required property HistoryActions historyActions
     required property ImageImporter importer
+    required property AppearanceSetting appearance
 
     width: 1180
     height: 760
@@ -27,5 +28,17 @@ Window {
         history: window.history
         historyActions: window.historyActions
         importer: window.importer
+        onSettingsRequested: {
+            settings.show();
+            settings.raise();
+            settings.requestActivate();
+        }
+    }
+
+    SettingsWindow {
+        id: settings
+        transientParent: window
+        history: window.history
+        appearance: window.appearance
     }
 }

@@ -15,7 +15,9 @@ FocusScope {
     /// While a picture is dragged over the window.
     required property bool isTargeted
     /// While a sheet or a question lies over the view.
-    readonly property bool isShowingEntry: sheet.active || strip.isConfirmingClear
+    readonly property bool isShowingEntry: sheet.visible || strip.isConfirmingClear
+
+    property historyEntry selectedEntry
 
     signal openRequested
 
@@ -107,8 +109,8 @@ FocusScope {
             opacity: isShown ? 1 : 0
             visible: opacity > 0
             onSelect: entry => {
-                sheet.entry = entry;
-                sheet.active = true;
+                view.selectedEntry = entry;
+                sheet.open();
             }
 
             Behavior on Layout.preferredHeight {
@@ -127,20 +129,12 @@ FocusScope {
         }
     }
 
-    Loader {
+    HistoryDetailView {
         id: sheet
-
-        property historyEntry entry
-
-        active: false
-        sourceComponent: HistoryDetailView {
-            history: view.history
-            actions: view.historyActions
-            entry: sheet.entry
-            visible: true
-            onClosed: sheet.active = false
-            onOpenInEditor: view.store.load(view.history.imageURL(entry))
-        }
+        history: view.history
+        actions: view.historyActions
+        entry: view.selectedEntry
+        onOpenInEditor: view.store.load(view.history.imageURL(entry))
     }
 
     Rectangle {

@@ -29,13 +29,14 @@ BaseButton {
         }
     }
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: point => menu.popup(point.position.x, point.position.y)
-    }
-
     contentItem: Column {
         opacity: card.down ? 0.7 : 1
+
+        // Not in the button itself, which would take the right button for the left one.
+        TapHandler {
+            acceptedButtons: Qt.RightButton
+            onTapped: point => menu.popup(point.position.x, point.position.y)
+        }
 
         Rectangle {
             id: thumbnail
@@ -60,6 +61,7 @@ BaseButton {
         Text {
             width: thumbnail.width
             topPadding: 8
+            leftPadding: 2
             text: card.dateText
             font.pixelSize: Theme.fontLabel
             font.weight: Font.Medium
@@ -69,6 +71,8 @@ BaseButton {
         Text {
             width: thumbnail.width
             topPadding: 2
+            leftPadding: 2
+            bottomPadding: 2
             text: card.areasText
             font.pixelSize: Theme.fontNote
             color: Theme.textSecondary

@@ -18,7 +18,8 @@ Sheet {
 
     width: 720
     height: Math.min(implicitHeight, parent.height - 2 * Theme.panelPadding)
-    padding: 0
+    // Not over the border.
+    padding: 1
 
     HistoryDetail {
         id: detail

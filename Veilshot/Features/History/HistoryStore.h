@@ -32,6 +32,8 @@ class HistoryStore : public QObject {
     QML_UNCREATABLE("The application has one history.")
     Q_PROPERTY(Veilshot::HistoryEntries entries READ entries NOTIFY entriesChanged)
     Q_PROPERTY(int count READ count NOTIFY entriesChanged)
+    /// How many copies are kept at most.
+    Q_PROPERTY(int limit READ limit CONSTANT)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY isEnabledChanged)
 
 public:
@@ -39,6 +41,7 @@ public:
     using Entries = HistoryEntries;
 
     static constexpr int maximumEntries = 30;
+    static int limit() { return maximumEntries; }
     /// The longer side of a preview.
     static constexpr int previewPixels = 480;
 

@@ -79,15 +79,38 @@ FocusScope {
             Layout.preferredHeight: contentItem.childrenRect.height
             Layout.bottomMargin: 20
             orientation: ListView.Horizontal
+            spacing: 12
             leftMargin: 20
             rightMargin: 20
-            spacing: 12
             activeFocusOnTab: true
             boundsBehavior: Flickable.StopAtBounds
+            // The view's own way to the current card forgets the margins.
+            highlightFollowsCurrentItem: false
+            onCurrentItemChanged: revealCurrentCard()
+            onActiveFocusChanged: revealCurrentCard()
+            onMovementStarted: scrolling.stop()
             model: entries
 
             Accessible.role: Accessible.List
             Accessible.name: "Recent"
+
+            function revealCurrentCard() {
+                if (!activeFocus || !currentItem)
+                    return;
+                const last = currentItem.x - leftMargin;
+                const first = currentItem.x + currentItem.width + rightMargin - width;
+                scrolling.to = Math.max(first, Math.min(last, contentX));
+                scrolling.restart();
+            }
+
+            NumberAnimation {
+                id: scrolling
+
+                target: list
+                property: "contentX"
+                duration: Theme.spring.duration
+                easing: Theme.spring.curve
+            }
 
             Keys.onPressed: event => {
                 if (event.key === Qt.Key_Home)

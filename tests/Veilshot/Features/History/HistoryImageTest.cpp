@@ -20,7 +20,6 @@ struct HistoryImageTest : testing::Test {
     QQuickWindow window;
     HistoryImage* item = nullptr;
 
-    static void SetUpTestSuite() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
     void SetUp() override {
         window.setColor(background);
         window.resize(200, 100);
