@@ -36,6 +36,7 @@ namespace {
 
 struct NoPanel : FilePanel {
     std::optional<QUrl> chooseDestination(const Destination&) override { return {}; }
+    std::optional<QUrl> chooseImage(const QString&) override { return {}; }
 };
 
 QFuture<DetectionOutcome> answer(const SensitiveRegions& regions) {

@@ -2,7 +2,6 @@
 
 #include "Veilshot/Features/Editor/EditorStore.h"
 #include "Veilshot/Platform/Clipboard.h"
-#include "Veilshot/Platform/FilePanel.h"
 #include "VeilshotCore/Rendering/ScreenshotRedactor.h"
 #include "tests/Veilshot/StandIns.h"
 
@@ -26,16 +25,12 @@ public:
     }
 
 private:
-    struct NoPanel : FilePanel {
-        std::optional<QUrl> chooseDestination(const Destination&) override { return {}; }
-    };
-
     static QFuture<DetectionOutcome> answer(const SensitiveRegions& regions) {
         return QtFuture::makeReadyFuture(DetectionOutcome(regions));
     }
 
     SystemClipboard m_clipboard;
-    NoPanel m_panel;
+    AnsweringPanel m_panel;
     ManualClock m_clock;
     EditorStore m_store{
         nullptr,
