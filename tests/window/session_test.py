@@ -39,8 +39,7 @@ class Session:
         node = node or Atspi.get_desktop(0)
         for index in range(node.get_child_count()):
             child = node.get_child_at_index(index)
-            if child.get_role() == Atspi.Role.APPLICATION or child.get_state_set().contains(
-                    Atspi.StateType.SHOWING):
+            if child and child.get_state_set().contains(Atspi.StateType.SHOWING):
                 yield child
                 yield from self.controls(child)
 
@@ -169,6 +168,7 @@ class Session:
         left = place.x + (place.width - without.width * scale) / 2
         top = place.y + (place.height - without.height * scale) / 2
         corners = (700, 400, 850, 480)  # of the image
+        print(place.x,place.y,place.width,place.height,scale)
         x1, y1, x2, y2 = (round((left, top)[index % 2] + corner * scale) for index, corner in enumerate(corners))
         self.desktop.xdotool("mousemove", x1, y1, "mousedown", "1", "mousemove", (x1 + x2) // 2, y2, "mousemove", x2, y2,
                              "mouseup", "1")

@@ -137,6 +137,7 @@ Rectangle {
 
                     SegmentedPicker {
                         Layout.fillWidth: true
+                        title: "Style"
                         titles: inspector.presenter.styleTitles
                         currentIndex: inspector.presenter.styleIndex
                         fullWidth: true
