@@ -155,7 +155,11 @@ void fit(benchmark::State& state, QSize size) {
     }
 }
 
-BENCHMARK(dragSlider)->Name("preview/drag_slider")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(dragSlider)
+    ->Name("preview/drag_slider")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(3);
 BENCHMARK_CAPTURE(fit, small, QSize(1000, 562))->Name("preview/fit/1000x562")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(fit, large, QSize(3000, 1688))
     ->Name("preview/fit/3000x1688")

@@ -50,7 +50,8 @@ void BitmapView::updatePolish() {
     if (!isVisible() || !window())
         return;
     const double ratio = window()->effectiveDevicePixelRatio();
-    const QRect pixels = devicePixels();
+    m_devicePixels = devicePixels();
+    const QRect pixels = m_devicePixels;
     QImage bitmap;
     qint64 originalKey = 0;
     QRegion painted;
@@ -93,6 +94,16 @@ QSGNode* BitmapView::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*) {
     return node.release();
 }
 
+void BitmapView::followWindow(QQuickWindow* window) {
+    disconnect(m_frames);
+    if (window)
+        m_frames = connect(window, &QQuickWindow::afterAnimating, this, [this] {
+            if (isVisible() && devicePixels() != m_devicePixels)
+                polish();
+        });
+    polish();
+}
+
 void BitmapView::geometryChange(const QRectF& now, const QRectF& before) {
     QQuickItem::geometryChange(now, before);
     polish();
@@ -100,8 +111,9 @@ void BitmapView::geometryChange(const QRectF& now, const QRectF& before) {
 
 void BitmapView::itemChange(ItemChange change, const ItemChangeData& data) {
     QQuickItem::itemChange(change, data);
-    if (change == ItemVisibleHasChanged || change == ItemSceneChange ||
-        change == ItemDevicePixelRatioHasChanged)
+    if (change == ItemSceneChange)
+        followWindow(data.window);
+    else if (change == ItemVisibleHasChanged || change == ItemDevicePixelRatioHasChanged)
         polish();
 }
 

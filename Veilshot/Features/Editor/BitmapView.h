@@ -47,14 +47,18 @@ protected:
 private:
     /// The screen's pixels that the item covers, to the nearest whole one.
     QRect devicePixels() const;
+    /// Nothing else tells an item that it has been moved together with its parents.
+    void followWindow(QQuickWindow* window);
 
     QPointer<EditorStore> m_store;
     Content m_content = Content::Protected;
     double m_cornerRadius = 0;
+    QRect m_devicePixels;
     QRectF m_paintedRect;
     FittedBitmap m_bitmap;
     /// What the texture shows.
     qint64 m_textureKey = 0;
+    QMetaObject::Connection m_frames;
 };
 
 } // namespace Veilshot

@@ -6,6 +6,7 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
+#include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -52,6 +53,10 @@ struct InteractiveImagePreviewTest : testing::Test {
     bool comesToShow(int x, int y, QColor color) {
         return StandIns::waitUntil([&] { return shown(x, y) == color; });
     }
+    QString hint() {
+        return QQmlProperty::read(preview.get(), u"Accessible.description"_s, qmlContext(preview.get()))
+            .toString();
+    }
     void point(QEvent::Type type, QPoint position, Qt::MouseButtons pressed = Qt::LeftButton) {
         QMouseEvent event(type, position, window.mapToGlobal(position),
                           type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, pressed, {});
@@ -86,15 +91,15 @@ TEST_F(InteractiveImagePreviewTest, ShowsTheProtectedAndTheOriginalImageInItsFra
 TEST_F(InteractiveImagePreviewTest, HighlightsTheAreaUnderThePointerOnlyOnTheProtectedImage) {
     store->setRedactionStyle(RedactionStyle::blackout);
     store.scan(Qt::white, {400, 400});
-    store->addCustomBlur({0.25, 0.25, 0.5, 0.5});
-    EXPECT_TRUE(comesToShow(200, 200, Qt::black));
-    EXPECT_EQ(shown(200, 99), QColor(Qt::white));
+    store->addCustomBlur({0.5, 0.25, 0.4, 0.4});
+    EXPECT_TRUE(comesToShow(280, 200, Qt::black));
+    EXPECT_EQ(shown(280, 138), QColor(Qt::white));
     store->setHighlightedRegionID(store->customRegions().front().id());
     const auto isBlue = [](QColor color, int least) { return color.blue() - color.red() >= least; };
-    EXPECT_TRUE(StandIns::waitUntil([&] { return isBlue(shown(200, 99), 100); })) << "the line, outside";
-    EXPECT_TRUE(isBlue(shown(200, 200), 20)) << "the fill";
+    EXPECT_TRUE(StandIns::waitUntil([&] { return isBlue(shown(280, 138), 100); })) << "the line, outside";
+    EXPECT_TRUE(isBlue(shown(280, 200), 20)) << "the fill";
     store->setPreviewMode(EditorStore::PreviewMode::Original);
-    EXPECT_TRUE(comesToShow(200, 99, Qt::white));
+    EXPECT_TRUE(comesToShow(280, 138, Qt::white));
 }
 
 TEST_F(InteractiveImagePreviewTest, DrawsAnAreaWithThePointer) {
@@ -111,8 +116,10 @@ TEST_F(InteractiveImagePreviewTest, DrawsAnAreaWithThePointer) {
 
     point(QEvent::MouseMove, {300, 150}, {});
     EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(hint(), u"Shows the selected screenshot"_s);
     store->setAddingCustomBlur(true);
     EXPECT_EQ(window.cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(hint(), u"Drag to add a custom blur region"_s);
     drag({40, 120}, {240, 220});
     const QColor draft = shown(140, 170);
     EXPECT_GT(draft.blue() - draft.red(), 20);
