@@ -170,7 +170,7 @@ Rectangle {
                             from: 8
                             to: 36
                             value: inspector.store.blurRadius
-                            onMoved: inspector.store.blurRadius = value
+                            onValueChanged: inspector.store.blurRadius = value
                         }
                     }
                 }
