@@ -30,6 +30,25 @@ Rectangle {
             clip: true
             T.ScrollBar.vertical: ScrollBar {}
 
+            readonly property Item focusItem: Window.activeFocusItem
+
+            onFocusItemChanged: {
+                // The pointer only gets at what can be seen.
+                if ((focusItem as T.Control)?.visualFocus)
+                    reveal(focusItem);
+            }
+
+            function reveal(item: Item) {
+                let ancestor = item;
+                while (ancestor && ancestor !== sections)
+                    ancestor = ancestor.parent;
+                if (!ancestor)
+                    return;
+                const top = item.mapToItem(sections, 0, 0).y - Theme.panelPadding;
+                const bottom = top + item.height + 2 * Theme.panelPadding;
+                contentY = Math.max(0, Math.min(top, Math.max(contentY, bottom - height)));
+            }
+
             ColumnLayout {
                 id: sections
 
@@ -247,6 +266,8 @@ Rectangle {
 
                 PlainButton {
                     text: "Start Over"
+                    color: Theme.textSecondary
+                    font.pixelSize: Theme.fontLabel
                     onClicked: inspector.store.clear()
                 }
 
@@ -256,6 +277,8 @@ Rectangle {
 
                 PlainButton {
                     text: "Scan Again"
+                    color: Theme.textSecondary
+                    font.pixelSize: Theme.fontLabel
                     enabled: !inspector.presenter.isScanning
                     onClicked: inspector.presenter.scanAgain()
                 }
