@@ -66,7 +66,16 @@ Item {
         height: fitted.height
         visible: !root.store.originalImage.isNull
 
-        // The shadow's place is here, below the image: around protectedView.paintedRect.
+        DropShadow {
+            x: protectedView.paintedRect.x
+            y: protectedView.paintedRect.y
+            width: protectedView.paintedRect.width
+            height: protectedView.paintedRect.height
+            cornerRadius: protectedView.cornerRadius
+            blurRadius: 20
+            offset: Qt.point(0, 10)
+            color: Theme.imageShadow
+        }
 
         BitmapView {
             id: protectedView
