@@ -18,6 +18,11 @@ T.AbstractButton {
 
     // Qt's own name comes too late for who asks before assistive tools are known to run.
     Accessible.name: text
+    // Qt offers assistive tools the action and leaves it at that.
+    Accessible.onPressAction: {
+        if (enabled)
+            clicked();
+    }
 
     Keys.onReturnPressed: event => pressOnce(event)
     Keys.onEnterPressed: event => pressOnce(event)

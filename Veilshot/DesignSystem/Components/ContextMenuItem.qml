@@ -15,6 +15,7 @@ T.MenuItem {
     font.pixelSize: Theme.fontBody
 
     Accessible.name: text
+    Accessible.onPressAction: triggered()
 
     contentItem: Text {
         text: item.text

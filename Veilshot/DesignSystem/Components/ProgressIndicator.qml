@@ -17,6 +17,7 @@ T.BusyIndicator {
     implicitWidth: 14
     implicitHeight: 14
 
+    Accessible.role: Accessible.Animation
     Accessible.name: "In progress"
 
     Timer {

@@ -100,7 +100,6 @@ T.GroupBox {
                         selection.moveTo(item);
                 }
 
-                // Not checkable itself: the picker shows what its owner says, also when that refuses a choice.
                 T.RadioButton {
                     id: segment
 
@@ -115,16 +114,22 @@ T.GroupBox {
                     implicitHeight: 24
                     // Without room for it the text matters more than the space around it.
                     horizontalPadding: picker.fullWidth ? 2 : 12
-                    checkable: false
+                    // After a click as well, for which Qt changes it: the picker shows what its owner says.
+                    checkable: true
+                    autoExclusive: false
+                    checked: isSelected
                     font: picker.font
                     // Who has the focus cannot cease to be a stop for Tab.
                     focusPolicy: isSelected || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
                     Accessible.name: text
-                    Accessible.checkable: true
-                    Accessible.checked: isSelected
+                    Accessible.onPressAction: picker.activated(index)
+                    Accessible.onToggleAction: picker.activated(index)
 
-                    onClicked: picker.activated(index)
+                    onClicked: {
+                        picker.activated(index);
+                        checked = Qt.binding(() => isSelected);
+                    }
 
                     contentItem: Text {
                         text: segment.text

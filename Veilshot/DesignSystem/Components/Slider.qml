@@ -16,6 +16,13 @@ T.Slider {
     layer.enabled: !enabled && GraphicsInfo.api !== GraphicsInfo.Software
 
     Accessible.name: label
+    Accessible.onIncreaseAction: step(increase)
+    Accessible.onDecreaseAction: step(decrease)
+
+    function step(change: var) {
+        change();
+        moved();
+    }
 
     background: Rectangle {
         y: (slider.height - height) / 2

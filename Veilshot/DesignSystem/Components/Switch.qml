@@ -15,6 +15,13 @@ T.Switch {
     font.pixelSize: Theme.fontBody
 
     Accessible.name: text
+    Accessible.onPressAction: pressByTool()
+    Accessible.onToggleAction: pressByTool()
+
+    function pressByTool() {
+        toggle();
+        toggled();
+    }
 
     contentItem: Text {
         rightPadding: control.indicator.width + control.spacing

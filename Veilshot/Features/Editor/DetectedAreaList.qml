@@ -27,6 +27,8 @@ ColumnLayout {
         spacing: 0
         opacity: list.isExpanded ? 1 : 0
         visible: opacity > 0
+        Accessible.role: Accessible.List
+        Accessible.name: "Detected areas"
 
         Behavior on opacity {
             NumberAnimation {

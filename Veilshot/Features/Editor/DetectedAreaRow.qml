@@ -70,8 +70,8 @@ Item {
             text: "Unblur"
             Accessible.description: tip.text
             font.pixelSize: Theme.fontLabel
-            color: Theme.textSecondary
-            opacity: row.isMarked ? 1 : 0
+            // Not hidden from assistive tools, which point at nothing.
+            color: row.isMarked ? Theme.textSecondary : "transparent"
             onClicked: row.store.removeDetectedRegion(row.regionID)
 
             ToolTip {

@@ -13,10 +13,6 @@ BaseButton {
     cornerRadius: 3
     spacing: 6
     font.pixelSize: Theme.fontLabel
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Accessible.checkable: true
-    Accessible.checked: isExpanded
 
     contentItem: Row {
         spacing: button.spacing

@@ -27,6 +27,7 @@ Rectangle {
         anchors.top: parent.top
         anchors.topMargin: 16
         anchors.horizontalCenter: parent.horizontalCenter
+        title: "Preview"
         titles: canvas.presenter.previewModeTitles
         currentIndex: canvas.presenter.previewModeIndex
         onActivated: index => canvas.presenter.previewModeIndex = index

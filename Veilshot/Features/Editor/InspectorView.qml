@@ -30,6 +30,25 @@ Rectangle {
             clip: true
             T.ScrollBar.vertical: ScrollBar {}
 
+            readonly property Item focusItem: Window.activeFocusItem
+
+            onFocusItemChanged: {
+                // The pointer only gets at what can be seen.
+                if ((focusItem as T.Control)?.visualFocus)
+                    reveal(focusItem);
+            }
+
+            function reveal(item: Item) {
+                let ancestor = item;
+                while (ancestor && ancestor !== sections)
+                    ancestor = ancestor.parent;
+                if (!ancestor)
+                    return;
+                const top = item.mapToItem(sections, 0, 0).y - Theme.panelPadding;
+                const bottom = top + item.height + 2 * Theme.panelPadding;
+                contentY = Math.max(0, Math.min(top, Math.max(contentY, bottom - height)));
+            }
+
             ColumnLayout {
                 id: sections
 
@@ -137,6 +156,7 @@ Rectangle {
 
                     SegmentedPicker {
                         Layout.fillWidth: true
+                        title: "Style"
                         titles: inspector.presenter.styleTitles
                         currentIndex: inspector.presenter.styleIndex
                         fullWidth: true
@@ -169,7 +189,7 @@ Rectangle {
                             from: 8
                             to: 36
                             value: inspector.store.blurRadius
-                            onMoved: inspector.store.blurRadius = value
+                            onValueChanged: inspector.store.blurRadius = value
                         }
                     }
                 }
@@ -246,6 +266,8 @@ Rectangle {
 
                 PlainButton {
                     text: "Start Over"
+                    color: Theme.textSecondary
+                    font.pixelSize: Theme.fontLabel
                     onClicked: inspector.store.clear()
                 }
 
@@ -255,6 +277,8 @@ Rectangle {
 
                 PlainButton {
                     text: "Scan Again"
+                    color: Theme.textSecondary
+                    font.pixelSize: Theme.fontLabel
                     enabled: !inspector.presenter.isScanning
                     onClicked: inspector.presenter.scanAgain()
                 }

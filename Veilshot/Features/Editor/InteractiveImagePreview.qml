@@ -205,7 +205,10 @@ Item {
                     drawing.drag(centroid.pressPosition, centroid.position)
             }
             onActiveChanged: {
-                if (!active)
+                // The first movement may be the only one.
+                if (active)
+                    drawing.drag(centroid.pressPosition, centroid.position)
+                else
                     drawing.finish()
             }
         }

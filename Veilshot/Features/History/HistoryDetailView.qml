@@ -13,6 +13,8 @@ Sheet {
     required property HistoryActions actions
     required property historyEntry entry
 
+    title: detail.dateText
+
     /// The user wants to edit the copy.
     signal openInEditor()
 
@@ -61,6 +63,8 @@ Sheet {
                     font.pixelSize: Theme.fontLabel
                     color: Theme.textSecondary
                     elide: Text.ElideRight
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                 }
             }
             FlatButton {
