@@ -11,6 +11,8 @@ T.ScrollBar {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     padding: 2
     minimumSize: 0.1
+    // Only for the pointer: whatever it scrolls to, assistive tools and the keyboard reach at once.
+    Accessible.ignored: true
     visible: policy !== T.ScrollBar.AlwaysOff && size < 1
 
     contentItem: Rectangle {

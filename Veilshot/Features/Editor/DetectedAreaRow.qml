@@ -72,7 +72,12 @@ Item {
             font.pixelSize: Theme.fontLabel
             // Not hidden from assistive tools, which point at nothing.
             color: row.isMarked ? Theme.textSecondary : "transparent"
-            onClicked: row.store.removeDetectedRegion(row.regionID)
+            onClicked: {
+                // The row goes; the keyboard shall not start from the top again.
+                if (visualFocus)
+                    nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason);
+                row.store.removeDetectedRegion(row.regionID);
+            }
 
             ToolTip {
                 id: tip
