@@ -25,6 +25,8 @@ bool areArgumentsText(int argc, char** argv) {
 /// A command, or a question such as --help, is answered without a display.
 bool isForWindow(int argc, char** argv) {
     const std::string_view first = argc > 1 ? argv[1] : "";
+    if (first == "-" || first == "--") // names, or what stands before one
+        return true;
     return first != "protect" && first != "detect" && !first.starts_with('-');
 }
 

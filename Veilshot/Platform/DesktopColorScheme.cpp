@@ -1,6 +1,8 @@
 #include "Veilshot/Platform/DesktopColorScheme.h"
 
+#include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QEvent>
 #include <QGuiApplication>
@@ -36,10 +38,23 @@ DesktopColorScheme::DesktopColorScheme(QDBusConnection bus, QObject* parent) : Q
     auto question = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"Read"_s);
     question << appearanceSpace << colorSchemeKey;
     const QDBusMessage answer = bus.call(question, QDBus::Block, longestWait);
-    if (answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty())
-        m_preference = Preference(preferenceIn(answer.arguments().constFirst()));
+    takeAnswer(answer);
+    if (QDBusError(answer).type() == QDBusError::NoReply) {
+        // A portal that has to be started first may take its time.
+        auto* later = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+        connect(later, &QDBusPendingCallWatcher::finished, this, [this, later] {
+            takeAnswer(later->reply());
+            later->deleteLater();
+            update();
+        });
+    }
     update();
     qGuiApp->installEventFilter(this);
+}
+
+void DesktopColorScheme::takeAnswer(const QDBusMessage& answer) {
+    if (answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty())
+        m_preference = Preference(preferenceIn(answer.arguments().constFirst()));
 }
 
 bool DesktopColorScheme::eventFilter(QObject* watched, QEvent* event) {
@@ -58,7 +73,9 @@ void DesktopColorScheme::handlePortalChange(const QString& space, const QString&
 
 void DesktopColorScheme::update() {
     const bool isPaletteDark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
-    const bool isDark = m_preference == Preference::none ? isPaletteDark : m_preference == Preference::dark;
+    const bool isDark = m_preference == Preference::dark    ? true
+                        : m_preference == Preference::light ? false
+                                                            : isPaletteDark;
     if (isDark == m_isDark)
         return;
     m_isDark = isDark;

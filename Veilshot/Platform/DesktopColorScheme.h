@@ -4,6 +4,8 @@
 #include <QDBusVariant> // a slot's argument must be a complete type to be connected to a bus
 #include <QObject>
 
+class QDBusMessage;
+
 namespace Veilshot {
 
 /// Whether the desktop is set to dark, and when that changes. Asks the desktop portal; where there is none,
@@ -32,6 +34,7 @@ private:
     /// The values of the portal's setting "color-scheme".
     enum class Preference : uint { none = 0, dark = 1, light = 2 };
 
+    void takeAnswer(const QDBusMessage& answer);
     void update();
 
     Preference m_preference = Preference::none;

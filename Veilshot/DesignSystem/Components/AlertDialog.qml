@@ -1,14 +1,14 @@
 import QtQuick
 import Veilshot.DesignSystem
 
-/// Tells of something that went wrong. `dismissed` comes once it is gone, in whichever way that happened.
+/// Tells of something that went wrong. `dismissed` comes as it goes, in whichever way that happens.
 MessageDialog {
     id: alert
 
     signal dismissed()
 
     onAboutToShow: ok.forceActiveFocus()
-    onClosed: dismissed()
+    onAboutToHide: dismissed()
 
     FlatButton {
         id: ok

@@ -127,7 +127,8 @@ T.GroupBox {
                     Accessible.onToggleAction: picker.activated(index)
 
                     onClicked: {
-                        picker.activated(index);
+                        if (!isSelected)
+                            picker.activated(index);
                         checked = Qt.binding(() => isSelected);
                     }
 

@@ -12,10 +12,25 @@ T.Dialog {
     property int formerReason: Qt.PopupFocusReason
 
     onAboutToShow: {
+        if (formerFocus)
+            return; // shown again while it was going
         formerFocus = parent.Window.activeFocusItem;
         formerReason = (formerFocus as T.Control)?.visualFocus ? Qt.TabFocusReason : Qt.PopupFocusReason;
     }
-    onClosed: formerFocus?.forceActiveFocus(formerReason)
+    onClosed: {
+        // Not from another one that has come meanwhile.
+        if (formerFocus?.visible && formerFocus.enabled && !isCovered())
+            formerFocus.forceActiveFocus(formerReason);
+        formerFocus = null;
+    }
+
+    function isCovered(): bool {
+        for (let item = parent.Window.activeFocusItem; item; item = item.parent) {
+            if (item.parent === parent)
+                return true;
+        }
+        return false;
+    }
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent

@@ -47,7 +47,16 @@ QRect BitmapView::devicePixels() const {
 }
 
 void BitmapView::updatePolish() {
-    if (!isVisible() || !window())
+    if (!window())
+        return;
+    // What is closed, or no longer the picture that is shown, is not kept for later.
+    const qint64 shownKey = m_store ? m_store->originalImage().bitmap().cacheKey() : 0;
+    if (!isVisible() && shownKey != m_originalKey) {
+        m_bitmap.show({}, 0, {}, {}, 0);
+        m_originalKey = 0;
+        update();
+    }
+    if (!isVisible())
         return;
     const double ratio = window()->effectiveDevicePixelRatio();
     m_devicePixels = devicePixels();
@@ -64,6 +73,7 @@ void BitmapView::updatePolish() {
             painted = coveredPixels(m_store->regions(), original.size());
         }
     }
+    m_originalKey = originalKey;
     m_bitmap.show(bitmap, originalKey, painted, pixels.size(), m_cornerRadius * ratio);
     const QRectF paintedRect =
         mapRectFromScene(QRectF(QPointF(pixels.topLeft()) / ratio, QSizeF(pixels.size()) / ratio));

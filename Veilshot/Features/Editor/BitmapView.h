@@ -56,6 +56,7 @@ private:
     QRect m_devicePixels;
     QRectF m_paintedRect;
     FittedBitmap m_bitmap;
+    qint64 m_originalKey = 0; ///< of the picture in m_bitmap
     /// What the texture shows.
     qint64 m_textureKey = 0;
     QMetaObject::Connection m_frames;

@@ -36,18 +36,22 @@ Rectangle {
     StatusPill {
         id: pill
 
-        readonly property bool isShown: canvas.presenter.statusText !== ""
+        readonly property string status: canvas.presenter.statusText
+        readonly property bool isShown: status !== ""
         /// Stays while the pill leaves.
         property string lastText: ""
+        onStatusChanged: {
+            if (status !== "")
+                lastText = status;
+        }
 
         anchors.bottom: parent.bottom
         anchors.bottomMargin: isShown ? 18 : -height
         anchors.horizontalCenter: parent.horizontalCenter
         opacity: isShown ? 1 : 0
         visible: opacity > 0
-        onIsShownChanged: if (isShown) lastText = canvas.presenter.statusText
 
-        text: isShown ? canvas.presenter.statusText : lastText
+        text: lastText
 
         ProgressIndicator {
             visible: canvas.presenter.isStatusBusy

@@ -1,6 +1,5 @@
 #include "Veilshot/Features/Editor/EditorPresenter.h"
 
-#include "Veilshot/Features/Editor/CanvasStatus.h"
 #include "Veilshot/Features/Editor/InspectorTexts.h"
 
 #include <QMetaEnum>
@@ -116,19 +115,24 @@ void EditorPresenter::setPreviewModeIndex(int index) {
     m_store->setPreviewMode(EditorStore::PreviewMode(index));
 }
 
-QString EditorPresenter::statusText() const {
+std::optional<CanvasStatus> EditorPresenter::status() const {
     if (!m_store)
-        return {};
-    const auto status = CanvasStatus::choose({.isDropTargeted = m_isDropTargeted,
-                                              .stage = m_store->stage(),
-                                              .scanMessage = m_store->scanMessage(),
-                                              .didCopy = m_store->didCopy(),
-                                              .isAddingCustomBlur = m_store->isAddingCustomBlur()});
-    return status ? status->text : QString();
+        return std::nullopt;
+    return CanvasStatus::choose({.isDropTargeted = m_isDropTargeted,
+                                 .stage = m_store->stage(),
+                                 .scanMessage = m_store->scanMessage(),
+                                 .didCopy = m_store->didCopy(),
+                                 .isAddingCustomBlur = m_store->isAddingCustomBlur()});
+}
+
+QString EditorPresenter::statusText() const {
+    const auto shown = status();
+    return shown ? shown->text : QString();
 }
 
 bool EditorPresenter::isStatusBusy() const {
-    return isScanning() && !m_isDropTargeted;
+    const auto shown = status();
+    return shown && shown->isBusy;
 }
 
 void EditorPresenter::enterRegion(QUuid id) {

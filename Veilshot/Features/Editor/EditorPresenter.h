@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Veilshot/Features/Editor/CanvasStatus.h"
 #include "Veilshot/Features/Editor/EditorStore.h"
 #include "Veilshot/Features/History/HistoryStore.h"
 
@@ -101,6 +102,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    std::optional<CanvasStatus> status() const;
     EditorStore::Stage stage() const { return m_store ? m_store->stage() : EditorStore::Stage::Empty; }
 
     QPointer<EditorStore> m_store;

@@ -17,35 +17,45 @@ Rectangle {
 
     signal settingsRequested
 
+    // Once the handler has returned, which would otherwise last as long as the panel.
+    function exportImage() {
+        Qt.callLater(store.exportProtectedImage);
+    }
+
     implicitHeight: 48
     color: Theme.surface
 
     Shortcut {
         sequences: ["Ctrl+V", "Meta+V"]
+        autoRepeat: false
         enabled: toolbar.areShortcutsEnabled
         onActivated: toolbar.store.pasteFromClipboard()
     }
 
     Shortcut {
         sequences: ["Ctrl+O", "Meta+O"]
+        autoRepeat: false
         enabled: toolbar.areShortcutsEnabled
         onActivated: toolbar.importer.present()
     }
 
     Shortcut {
         sequences: ["Ctrl+Shift+C", "Meta+Shift+C"]
+        autoRepeat: false
         enabled: toolbar.areShortcutsEnabled && toolbar.presenter.isReady
         onActivated: toolbar.store.copyProtectedImage()
     }
 
     Shortcut {
         sequences: ["Ctrl+S", "Meta+S"]
+        autoRepeat: false
         enabled: toolbar.areShortcutsEnabled && toolbar.presenter.isReady
-        onActivated: toolbar.store.exportProtectedImage()
+        onActivated: toolbar.exportImage()
     }
 
     Shortcut {
         sequences: ["Ctrl+,", "Meta+,"]
+        autoRepeat: false
         onActivated: toolbar.settingsRequested()
     }
 
@@ -96,7 +106,7 @@ Rectangle {
             symbol: "square.and.arrow.up"
             helpText: "Export the protected image as PNG"
             enabled: toolbar.presenter.isReady
-            onClicked: toolbar.store.exportProtectedImage()
+            onClicked: toolbar.exportImage()
         }
 
         ToolbarButton {

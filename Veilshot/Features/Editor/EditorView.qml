@@ -32,6 +32,7 @@ FocusScope {
     ImageDropTarget {
         id: dropTarget
         anchors.fill: parent
+        enabled: !alert.visible && !startView.isCovered
         store: view.store
     }
 
@@ -45,7 +46,7 @@ FocusScope {
             presenter: presenter
             importer: view.importer
             onSettingsRequested: view.settingsRequested()
-            areShortcutsEnabled: !alert.opened && !startView.isShowingEntry
+            areShortcutsEnabled: !alert.visible && !startView.isCovered
         }
 
         Hairline {
@@ -123,14 +124,20 @@ FocusScope {
         onDismissed: view.store.errorMessage = ""
     }
 
+    function showError() {
+        if (store.errorMessage === "")
+            return;
+        alert.message = store.errorMessage;
+        alert.open();
+    }
+
+    Component.onCompleted: showError()
+
     Connections {
         target: view.store
 
         function onErrorMessageChanged() {
-            if (view.store.errorMessage === "")
-                return;
-            alert.message = view.store.errorMessage;
-            alert.open();
+            view.showError();
         }
     }
 }

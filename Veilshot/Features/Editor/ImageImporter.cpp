@@ -3,7 +3,9 @@
 #include "Veilshot/Features/Editor/EditorStore.h"
 #include "Veilshot/Platform/FilePanel.h"
 
+#include <QScopeGuard>
 #include <QTimer>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +16,10 @@ ImageImporter::ImageImporter(EditorStore& store, FilePanel& panel, QObject* pare
 
 void ImageImporter::present() {
     // Not from within the view's handler, which would then last as long as the panel.
+    if (std::exchange(m_isPresenting, true))
+        return;
     QTimer::singleShot(0, this, [this] {
+        const auto done = qScopeGuard([this] { m_isPresenting = false; });
         if (const auto url = m_panel.chooseImage(u"Open Image"_s))
             m_store.load(*url);
     });

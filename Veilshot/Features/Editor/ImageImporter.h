@@ -24,6 +24,7 @@ public:
 private:
     EditorStore& m_store;
     FilePanel& m_panel;
+    bool m_isPresenting = false;
 };
 
 } // namespace Veilshot

@@ -23,6 +23,10 @@ void RegionReveal::setStore(EditorStore* store) {
 
 void RegionReveal::followStage() {
     const auto before = std::exchange(m_stage, m_store->stage());
+    if (m_stage != EditorStore::Stage::Ready && isActive()) {
+        m_end.stop();
+        Q_EMIT isActiveChanged();
+    }
     if (before != EditorStore::Stage::Scanning || m_stage != EditorStore::Stage::Ready ||
         m_store->detectedRegions().empty())
         return;

@@ -15,11 +15,21 @@ FocusScope {
     /// While a picture is dragged over the window.
     required property bool isTargeted
     /// While a sheet or a question lies over the view.
-    readonly property bool isShowingEntry: sheet.visible || strip.isConfirmingClear
+    readonly property bool isCovered: sheet.visible || strip.isConfirmingClear
 
     property historyEntry selectedEntry
 
     signal openRequested
+
+    // A picture that was asked for before may arrive under them.
+    onEnabledChanged: {
+        if (enabled) {
+            paste.forceActiveFocus();
+        } else {
+            sheet.close();
+            strip.cancelClear();
+        }
+    }
 
     ColumnLayout {
         anchors.fill: parent
@@ -72,6 +82,8 @@ FocusScope {
                     spacing: 8
 
                     FlatButton {
+                        id: paste
+                        focus: true
                         kind: FlatButton.Primary
                         text: "Paste Screenshot"
                         onClicked: view.store.pasteFromClipboard()

@@ -14,6 +14,10 @@ FocusScope {
     required property HistoryActions actions
     readonly property alias isConfirmingClear: confirmation.visible
 
+    function cancelClear() {
+        confirmation.close();
+    }
+
     /// The user picked a copy to see it large.
     signal select(entry: historyEntry)
 
@@ -68,7 +72,10 @@ FocusScope {
                 font.pixelSize: Theme.fontLabel
                 font.weight: Font.Medium
                 color: Theme.textSecondary
-                onClicked: confirmation.open()
+                onClicked: {
+                    confirmation.message = entries.clearMessage;
+                    confirmation.open();
+                }
             }
         }
 
@@ -173,7 +180,7 @@ FocusScope {
         id: confirmation
 
         title: "Clear history?"
-        message: entries.clearMessage
+        message: ""
         destructiveLabel: "Clear History"
         onConfirmed: root.history.clear()
     }

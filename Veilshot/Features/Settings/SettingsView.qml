@@ -79,7 +79,7 @@ FocusScope {
                 }
 
                 SegmentedPicker {
-                    Accessible.name: "Theme"
+                    title: "Theme"
                     titles: view.appearance.titles
                     currentIndex: view.appearance.index
                     onActivated: index => view.appearance.index = index
