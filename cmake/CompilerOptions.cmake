@@ -26,3 +26,10 @@ if(VEILSHOT_SANITIZE)
     target_compile_options(veilshot_options INTERFACE -fsanitize=${VEILSHOT_SANITIZE} -fno-omit-frame-pointer)
     target_link_options(veilshot_options INTERFACE -fsanitize=${VEILSHOT_SANITIZE})
 endif()
+
+# What Qt generates from QML is not ours to correct. Call it where the QML module is made, after its files are listed.
+function(veilshot_ignore_warnings_of_generated_qml target)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "/qmlcache/")
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS "-w")
+endfunction()

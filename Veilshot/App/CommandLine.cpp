@@ -123,11 +123,13 @@ QString contradiction(const ScanRequest& request) {
 
 } // namespace
 
-std::variant<ScanRequest, CommandLineAnswer> parseCommandLine(const QStringList& arguments) {
+std::variant<WindowRequest, ScanRequest, CommandLineAnswer> parseCommandLine(const QStringList& arguments) {
     CLI::App app("Veilshot makes screenshots safe to share: it finds personal details and hides them.",
                  "veilshot");
     app.set_version_flag("--version", "veilshot " + QCoreApplication::applicationVersion().toStdString());
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
+    std::string image;
+    app.add_option("IMAGE", image, "Image to open in the window")->type_name("");
     app.get_formatter()->column_width(34);
 
     Arguments parsed;
@@ -168,6 +170,11 @@ std::variant<ScanRequest, CommandLineAnswer> parseCommandLine(const QStringList&
         return CommandLineAnswer{text, code == 0 ? exitDone : exitWrongUsage};
     }
 
+    if (!protect->parsed() && !detect->parsed())
+        return WindowRequest{QString::fromStdString(image)};
+    if (!image.empty())
+        return CommandLineAnswer{u"%1: an image comes after the command"_s.arg(QString::fromStdString(image)),
+                                 exitWrongUsage};
     ScanRequest request;
     request.action = protect->parsed() ? ScanRequest::Action::protect : ScanRequest::Action::detect;
     request.images = toStrings(parsed.images);

@@ -15,10 +15,15 @@ struct CommandLineAnswer {
     int exitCode = 0;
 };
 
+/// Opens the window.
+struct WindowRequest {
+    QString image; ///< a file to open in it; empty without
+};
+
 /// Exit codes of the program.
 enum ExitCode { exitDone = 0, exitSomeImageFailed = 1, exitWrongUsage = 2 };
 
 /// Reads the arguments, program name first. Touches no file.
-std::variant<ScanRequest, CommandLineAnswer> parseCommandLine(const QStringList& arguments);
+std::variant<WindowRequest, ScanRequest, CommandLineAnswer> parseCommandLine(const QStringList& arguments);
 
 } // namespace Veilshot

@@ -1,11 +1,14 @@
 #include "Veilshot/App/CommandLine.h"
 #include "Veilshot/App/ScanCommand.h"
 #include "Veilshot/App/StandardStreams.h"
+#include "Veilshot/App/VeilshotApp.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 #include <algorithm>
 #include <clocale>
+#include <memory>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 using namespace Veilshot;
@@ -19,10 +22,24 @@ bool areArgumentsText(int argc, char** argv) {
     });
 }
 
+/// A command, or a question such as --help, is answered without a display.
+bool isForWindow(int argc, char** argv) {
+    const std::string_view first = argc > 1 ? argv[1] : "";
+    if (first == "-" || first == "--") // names, or what stands before one
+        return true;
+    return first != "protect" && first != "detect" && !first.starts_with('-');
+}
+
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+    if (isForWindow(argc, argv))
+        return std::make_unique<QApplication>(argc, argv);
+    return std::make_unique<QCoreApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    const auto application = makeApplication(argc, argv);
     QCoreApplication::setApplicationName(u"Veilshot"_s);
     QCoreApplication::setApplicationVersion(u"" VEILSHOT_VERSION ""_s);
 
@@ -42,5 +59,7 @@ int main(int argc, char** argv) {
             StandardStreams::writeErrorLine(answer->text);
         return answer->exitCode;
     }
+    if (const auto* window = std::get_if<WindowRequest>(&parsed))
+        return runWindow(*window);
     return runScan(std::get<ScanRequest>(parsed));
 }

@@ -1,8 +1,12 @@
 #include "Veilshot/Platform/FilePanel.h"
 
+#include "Veilshot/Platform/ImageDecoder.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QImageReader>
+#include <QMimeDatabase>
 #include <QStandardPaths>
 
 namespace Veilshot {
@@ -17,6 +21,19 @@ QUrl startFolder(const QUrl& lastFolder) {
             return QUrl::fromLocalFile(path);
     }
     return QUrl::fromLocalFile(QDir::homePath());
+}
+
+/// The endings of the files that ImageDecoder reads: one filter for all of them, so that nobody has to know
+/// which.
+QString imageNameFilter() {
+    QStringList patterns{QStringLiteral("*.heic"), QStringLiteral("*.heif"), QStringLiteral("*.avif")};
+    const QMimeDatabase types;
+    for (const QByteArray& name : QImageReader::supportedMimeTypes()) {
+        if (ImageDecoder::isPictureType(QString::fromLatin1(name)))
+            patterns += types.mimeTypeForName(QString::fromLatin1(name)).globPatterns();
+    }
+    patterns.removeDuplicates();
+    return QStringLiteral("Images (%1)").arg(patterns.join(u' '));
 }
 
 } // namespace
@@ -42,6 +59,19 @@ std::optional<QUrl> SystemFilePanel::chooseDestination(const Destination& destin
         dialog.selectFile(path); // and asks whether to replace that one
     }
     return std::nullopt;
+}
+
+std::optional<QUrl> SystemFilePanel::chooseImage(const QString& title) {
+    QFileDialog dialog(nullptr, title);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters({imageNameFilter(), QStringLiteral("All files (*)")});
+    dialog.setSupportedSchemes({QStringLiteral("file")});
+    dialog.setDirectoryUrl(startFolder(m_lastFolder));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    m_lastFolder = dialog.directoryUrl();
+    return QUrl::fromLocalFile(dialog.selectedFiles().constFirst());
 }
 
 } // namespace Veilshot

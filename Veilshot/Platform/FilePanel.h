@@ -24,12 +24,16 @@ public:
     /// The local file to write, or nothing if the user cancelled. The user has agreed to replace a file that
     /// exists.
     virtual std::optional<QUrl> chooseDestination(const Destination& destination) = 0;
+
+    /// A local picture file, or nothing if the user cancelled.
+    virtual std::optional<QUrl> chooseImage(const QString& title) = 0;
 };
 
 /// The platform's file dialog, or Qt's where there is none. Needs a QApplication.
 class SystemFilePanel : public FilePanel {
 public:
     std::optional<QUrl> chooseDestination(const Destination& destination) override;
+    std::optional<QUrl> chooseImage(const QString& title) override;
 
 private:
     /// Where the last file went, so that the next panel opens there.

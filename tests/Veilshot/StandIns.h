@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Veilshot/Platform/Clock.h"
+#include "Veilshot/Platform/FilePanel.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -63,6 +64,18 @@ private:
 
     QDateTime m_now = QDateTime::fromMSecsSinceEpoch(1'790'000'000'123, Qt::UTC);
     mutable std::vector<Call> m_calls;
+};
+
+/// A person who always chooses the same file, or none.
+struct AnsweringPanel : FilePanel {
+    std::optional<QUrl> answer;
+    std::function<void()> meanwhile = [] {};
+
+    std::optional<QUrl> chooseDestination(const Destination&) override {
+        meanwhile();
+        return answer;
+    }
+    std::optional<QUrl> chooseImage(const QString&) override { return answer; }
 };
 
 } // namespace Veilshot::StandIns

@@ -11,6 +11,7 @@
 #include <QThreadPool>
 #include <QUrl>
 #include <QUuid>
+#include <QtQmlIntegration>
 #include <functional>
 #include <list>
 #include <memory>
@@ -34,6 +35,8 @@ class SessionRecorder;
 /// `errorMessage` and leaves the session as it was; other failures are silent.
 class EditorStore : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application has one session.")
     Q_PROPERTY(Stage stage READ stage NOTIFY stageChanged)
     Q_PROPERTY(Veilshot::DisplayImage originalImage READ originalImage NOTIFY originalImageChanged)
     Q_PROPERTY(Veilshot::DisplayImage protectedImage READ protectedImage NOTIFY protectedImageChanged)

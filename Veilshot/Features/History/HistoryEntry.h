@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QObject>
 #include <QUuid>
+#include <QtQmlIntegration>
 #include <vector>
 
 namespace Veilshot {
@@ -11,6 +12,7 @@ namespace Veilshot {
 /// A protected copy that is kept.
 struct HistoryEntry {
     Q_GADGET
+    QML_VALUE_TYPE(historyEntry)
     Q_PROPERTY(QUuid id MEMBER id)
     Q_PROPERTY(QDateTime createdAt MEMBER createdAt)
     Q_PROPERTY(qint64 regionCount MEMBER regionCount)

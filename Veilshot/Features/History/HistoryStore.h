@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QThreadPool>
 #include <QUrl>
+#include <QtQmlIntegration>
 #include <list>
 #include <optional>
 
@@ -27,7 +28,12 @@ class UserDefaults;
 /// for another. Only what the user deletes goes before its line in the index does.
 class HistoryStore : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application has one history.")
     Q_PROPERTY(Veilshot::HistoryEntries entries READ entries NOTIFY entriesChanged)
+    Q_PROPERTY(int count READ count NOTIFY entriesChanged)
+    /// How many copies are kept at most.
+    Q_PROPERTY(int limit READ limit CONSTANT)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY isEnabledChanged)
 
 public:
@@ -35,6 +41,7 @@ public:
     using Entries = HistoryEntries;
 
     static constexpr int maximumEntries = 30;
+    static int limit() { return maximumEntries; }
     /// The longer side of a preview.
     static constexpr int previewPixels = 480;
 
@@ -50,6 +57,9 @@ public:
     static QUrl defaultDirectory();
 
     const Entries& entries() const { return m_entries; }
+    int count() const { return int(m_entries.size()); }
+    /// The one that dates the entries.
+    const Clock& clock() const { return m_clock; }
     const QUrl& directory() const { return m_directory; }
 
     /// Whether new copies are to be recorded; the caller of `record` asks. Kept in the defaults as

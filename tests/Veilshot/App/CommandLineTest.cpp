@@ -79,7 +79,7 @@ TEST(CommandLine, RefusesMistakesWithExitCodeTwoAndNamesThem) {
         {u"detect a.png --except name,face"_s, u"face"_s},
         {u"detect"_s, u"IMAGE"_s},
         {u"detect a.png -o b.png"_s, u"-o"_s},
-        {u"inspect a.png"_s, u"subcommand"_s},
+        {u"inspect a.png"_s, u"a.png"_s},
     };
     for (const Row& row : rows) {
         const auto parsed = parse(row.arguments);

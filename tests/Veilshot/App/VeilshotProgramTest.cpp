@@ -164,7 +164,7 @@ TEST_F(VeilshotProgram, RefusesToReplaceItsInputOrToGuess) {
         {u"protect"_s, u"light-mail.png"_s, u"--output-dir"_s, u"."_s},
         {u"detect"_s, u"light-mail.png"_s, u"--regions"_s, u"bad.json"_s},
         {u"detect"_s, u"light-mail.png"_s, u"--regions"_s, u"none.json"_s},
-        {},
+        {u"--window"_s},
     };
     for (const QStringList& arguments : mistakes) {
         const ProgramRun result = run(arguments);

@@ -3,7 +3,6 @@
 #include "Veilshot/Features/History/HistoryStore.h"
 #include "Veilshot/Platform/Clipboard.h"
 #include "Veilshot/Platform/Clock.h"
-#include "Veilshot/Platform/FilePanel.h"
 #include "Veilshot/Platform/ImageDecoder.h"
 #include "Veilshot/Platform/PngFile.h"
 #include "Veilshot/Platform/UserDefaults.h"
@@ -22,11 +21,6 @@ namespace Veilshot {
 namespace {
 
 using StandIns::waitUntil;
-
-struct Answer : FilePanel {
-    QUrl url;
-    std::optional<QUrl> chooseDestination(const Destination&) override { return url; }
-};
 
 /// A home and a folder for temporary files that nobody else uses, for as long as it lives.
 struct Home {
@@ -56,7 +50,7 @@ TEST(EditingSession, LeavesNothingOnDiskButTheProtectedCopy) {
     watch.start();
 
     SystemClipboard clipboard;
-    Answer panel;
+    StandIns::AnsweringPanel panel;
     const SystemClock clock;
     UserDefaults defaults(home.folder.filePath(u"xdg_config_home/Veilshot.conf"_s));
     HistoryStore history(HistoryStore::defaultDirectory(), defaults, clock);
@@ -74,7 +68,7 @@ TEST(EditingSession, LeavesNothingOnDiskButTheProtectedCopy) {
     store.copyProtectedImage();
     EXPECT_EQ(clipboard.contents()->data(u"image/png"_s), safePng);
     EXPECT_EQ(qvariant_cast<QImage>(clipboard.contents()->imageData()), safe);
-    panel.url = QUrl::fromLocalFile(home.folder.filePath(u"home/safe.png"_s));
+    panel.answer = QUrl::fromLocalFile(home.folder.filePath(u"home/safe.png"_s));
     store.exportProtectedImage();
     history.setEnabled(true); // writes the settings
     store.clear();

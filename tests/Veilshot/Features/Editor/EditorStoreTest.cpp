@@ -2,7 +2,6 @@
 
 #include "Veilshot/Features/History/HistoryStore.h"
 #include "Veilshot/Platform/Clipboard.h"
-#include "Veilshot/Platform/FilePanel.h"
 #include "Veilshot/Platform/ImageDecoder.h"
 #include "Veilshot/Platform/UserDefaults.h"
 #include "VeilshotCore/Rendering/ScreenshotRedactor.h"
@@ -55,16 +54,6 @@ struct PretendClipboard : Clipboard {
     }
 };
 
-struct PretendPanel : FilePanel {
-    std::optional<QUrl> answer;
-    std::function<void()> meanwhile = [] {};
-
-    std::optional<QUrl> chooseDestination(const Destination&) override {
-        meanwhile();
-        return answer;
-    }
-};
-
 QImage picture(QColor color, QSize size = {200, 100}) {
     QImage image(size, QImage::Format_RGBA8888);
     image.fill(color);
@@ -81,7 +70,7 @@ struct EditorStoreTest : testing::Test {
     StandIns::ManualClock clock;
     HistoryStore history{QUrl::fromLocalFile(folder.filePath(u"History"_s)), defaults, clock};
     PretendClipboard clipboard;
-    PretendPanel panel;
+    StandIns::AnsweringPanel panel;
     PretendDetector text;
     PretendDetector people;
     std::optional<QImage> renderingInstead;

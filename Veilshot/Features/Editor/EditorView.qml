@@ -1,0 +1,143 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Veilshot.DesignSystem
+import Veilshot.Features
+
+/// The content of the main window: the toolbar over the start screen or over the editor. Pictures can be dropped
+/// anywhere on it.
+FocusScope {
+    id: view
+
+    required property EditorStore store
+    required property HistoryStore history
+    required property HistoryActions historyActions
+    required property ImageImporter importer
+
+    signal settingsRequested
+
+    EditorPresenter {
+        id: presenter
+        store: view.store
+        history: view.history
+        isDropTargeted: dropTarget.isTargeted
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.base
+    }
+
+    ImageDropTarget {
+        id: dropTarget
+        anchors.fill: parent
+        enabled: !alert.visible && !startView.isCovered
+        store: view.store
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        EditorToolbar {
+            Layout.fillWidth: true
+            store: view.store
+            presenter: presenter
+            importer: view.importer
+            onSettingsRequested: view.settingsRequested()
+            areShortcutsEnabled: !alert.visible && !startView.isCovered
+        }
+
+        Hairline {
+            Layout.fillWidth: true
+        }
+
+        Item {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            StartView {
+                id: startView
+                anchors.fill: parent
+                store: view.store
+                history: view.history
+                historyActions: view.historyActions
+                isTargeted: dropTarget.isTargeted
+                onOpenRequested: view.importer.present()
+                opacity: presenter.isEmpty ? 1 : 0
+                visible: opacity > 0
+                enabled: presenter.isEmpty
+
+                Behavior on opacity {
+                    NumberAnimation {
+                        duration: Theme.spring.duration
+                        easing: Theme.spring.curve
+                    }
+                }
+            }
+
+            RowLayout {
+                anchors.fill: parent
+                spacing: 0
+                opacity: presenter.isEmpty ? 0 : 1
+                visible: opacity > 0
+                enabled: !presenter.isEmpty
+
+                Behavior on opacity {
+                    NumberAnimation {
+                        duration: Theme.spring.duration
+                        easing: Theme.spring.curve
+                    }
+                }
+
+                EditorCanvas {
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    Layout.minimumWidth: 560
+                    store: view.store
+                    presenter: presenter
+                }
+
+                Rectangle {
+                    Layout.fillHeight: true
+                    Layout.preferredWidth: 1
+                    color: Theme.hairline
+                }
+
+                InspectorView {
+                    Layout.fillHeight: true
+                    Layout.minimumWidth: 280
+                    Layout.preferredWidth: 310
+                    Layout.maximumWidth: 350
+                    store: view.store
+                    presenter: presenter
+                }
+            }
+        }
+    }
+
+    AlertDialog {
+        id: alert
+        title: "Couldn’t use that image"
+        message: ""
+        onDismissed: view.store.errorMessage = ""
+    }
+
+    function showError() {
+        if (store.errorMessage === "")
+            return;
+        alert.message = store.errorMessage;
+        alert.open();
+    }
+
+    Component.onCompleted: showError()
+
+    Connections {
+        target: view.store
+
+        function onErrorMessageChanged() {
+            view.showError();
+        }
+    }
+}
