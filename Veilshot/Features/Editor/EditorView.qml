@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Veilshot.DesignSystem
 import Veilshot.Features
 
@@ -77,12 +78,26 @@ FocusScope {
                 }
             }
 
-            RowLayout {
+            T.SplitView {
                 anchors.fill: parent
-                spacing: 0
                 opacity: presenter.isEmpty ? 0 : 1
                 visible: opacity > 0
                 enabled: !presenter.isEmpty
+                handle: Rectangle {
+                    id: divider
+
+                    implicitWidth: 1
+                    color: Theme.hairline
+                    containmentMask: Item {
+                        x: -4
+                        width: 9
+                        height: divider.height
+                    }
+
+                    HoverHandler {
+                        cursorShape: Qt.SplitHCursor
+                    }
+                }
 
                 Behavior on opacity {
                     NumberAnimation {
@@ -92,24 +107,16 @@ FocusScope {
                 }
 
                 EditorCanvas {
-                    Layout.fillWidth: true
-                    Layout.fillHeight: true
-                    Layout.minimumWidth: 560
+                    T.SplitView.fillWidth: true
+                    T.SplitView.minimumWidth: 560
                     store: view.store
                     presenter: presenter
                 }
 
-                Rectangle {
-                    Layout.fillHeight: true
-                    Layout.preferredWidth: 1
-                    color: Theme.hairline
-                }
-
                 InspectorView {
-                    Layout.fillHeight: true
-                    Layout.minimumWidth: 280
-                    Layout.preferredWidth: 310
-                    Layout.maximumWidth: 350
+                    T.SplitView.minimumWidth: 280
+                    T.SplitView.preferredWidth: 310
+                    T.SplitView.maximumWidth: 350
                     store: view.store
                     presenter: presenter
                 }

@@ -66,6 +66,8 @@ Rectangle {
                         spacing: 8
 
                         Text {
+                            id: summary
+
                             Layout.fillWidth: !progress.visible
                             text: inspector.presenter.summaryTitle
                             color: Theme.textPrimary
@@ -74,7 +76,26 @@ Rectangle {
                             font.letterSpacing: -0.2
                             elide: Text.ElideRight
                             Accessible.role: Accessible.Heading
-                            Accessible.name: text
+                            Accessible.name: inspector.presenter.summaryTitle
+
+                            // The number changes under a short fade.
+                            Behavior on text {
+                                SequentialAnimation {
+                                    NumberAnimation {
+                                        target: summary
+                                        property: "opacity"
+                                        to: 0
+                                        duration: Theme.hoverDuration
+                                    }
+                                    PropertyAction {}
+                                    NumberAnimation {
+                                        target: summary
+                                        property: "opacity"
+                                        to: 1
+                                        duration: Theme.hoverDuration
+                                    }
+                                }
+                            }
                         }
 
                         ProgressIndicator {
