@@ -1,5 +1,5 @@
 # Everything the build links against. The Debian packages are listed in packaging/packages.txt.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Concurrent DBus Qml Quick QuickControls2 Svg)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Concurrent DBus Qml Quick Svg)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 find_package(OpenMP REQUIRED COMPONENTS CXX)
 find_package(OpenCV 4 REQUIRED COMPONENTS core imgproc objdetect)
