@@ -165,8 +165,7 @@ bool EditorStore::load(const ItemProviders& providers, std::function<void()> onL
             self->setErrorMessage(*error);
             return;
         }
-        const QImage& bitmap = std::get<QImage>(item);
-        self->beginSession(DisplayImage(bitmap, bitmap.deviceIndependentSize()), request);
+        self->load(std::get<QImage>(item), request);
         if (onLoad)
             onLoad();
     };
@@ -181,16 +180,20 @@ void EditorStore::pasteFromClipboard() {
                     u"The clipboard doesn’t contain an image. Copy a screenshot first, then try again."_s);
 }
 
+bool EditorStore::load(const QImage& bitmap, Request request) {
+    if (request < m_shownRequest)
+        return false;
+    beginSession(DisplayImage(bitmap, bitmap.deviceIndependentSize()), request);
+    return true;
+}
+
 void EditorStore::loadWhenDecoded(const QFuture<std::optional<QImage>>& decoding, const QString& failure) {
-    whenDone(decoding, this,
-             [this, failure, request = ++m_latestRequest](const std::optional<QImage>& image) {
-                 if (request < m_shownRequest)
-                     return;
-                 if (image)
-                     beginSession(DisplayImage(*image, image->deviceIndependentSize()), request);
-                 else
-                     setErrorMessage(failure);
-             });
+    whenDone(decoding, this, [this, failure, request = makeRequest()](const std::optional<QImage>& image) {
+        if (image)
+            load(*image, request);
+        else if (request >= m_shownRequest)
+            setErrorMessage(failure);
+    });
 }
 
 void EditorStore::beginSession(const DisplayImage& image, Request request) {
