@@ -139,7 +139,9 @@ TEST_F(MenuBarViewTest, FollowsTheSessionInATrayThatComesLaterAndGoesAndComesBac
     tray.emplace();
     ASSERT_TRUE(waitUntil([&] { return icons().size() == 1; }));
     expectMenu({});
-    store.load(QImage(20, 10, QImage::Format_RGBA8888));
+    QImage image(20, 10, QImage::Format_RGBA8888);
+    image.fill(Qt::white);
+    store.load(image);
     expectMenu({u"[Finding personal details…]"_s});
     textScan.addResult(SensitiveRegions(1, {QUuid::createUuid(), {0, 0, 1, 1}, SensitiveKind::email}));
     textScan.finish();
