@@ -155,6 +155,7 @@ TEST_F(PortalShortcuts, RunsTheActionForItsOwnShortcutUntilItIsDropped) {
     EXPECT_EQ(asked[0].second, (QVariantMap{{u"description"_s, u"Quick Paste"_s},
                                             {u"preferred_trigger"_s, u"LOGO+SHIFT+b"_s}}));
 
+    catchUp(); // the bus knows of the wish to hear
     portal->activate(portal->session, u"another"_s);
     portal->activate(portal->session + u"2"_s, u"quick-paste"_s);
     portal->activate(portal->session, u"quick-paste"_s);
@@ -227,6 +228,7 @@ TEST_F(PortalShortcuts, WaitsForTheUserButNotForThePortal) {
 TEST_F(PortalShortcuts, EndsWithThePortalsSessionAndWithItsContext) {
     start();
     ASSERT_TRUE(isAnswered());
+    catchUp();
     portal->signal(portal->session, u"org.freedesktop.portal.Session"_s, u"Closed"_s, {});
     portal->activate(portal->session, u"quick-paste"_s);
     catchUp();
