@@ -1,13 +1,13 @@
 #include "Veilshot/Platform/EmbeddingTray.h"
 
-#ifdef VEILSHOT_HAS_XCB
+#ifdef VEILSHOT_X11
 #include <cstdlib>
 #include <xcb/xcb.h>
 #endif
 
 namespace Veilshot {
 
-#ifdef VEILSHOT_HAS_XCB
+#ifdef VEILSHOT_X11
 
 namespace {
 
