@@ -1,51 +1,18 @@
 #include "Veilshot/DesignSystem/ShadowImage.h"
 
+#include "Veilshot/DesignSystem/CoverageBlur.h"
+
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace Veilshot {
-
-namespace {
-
-/// Where a Gaussian has faded to less than what eight bits can show.
-constexpr qreal reach = 3;
-
-std::vector<float> gaussian(qreal sigma) {
-    const int radius = int(std::ceil(reach * sigma));
-    std::vector<float> weights(2 * radius + 1, 1);
-    float sum = 0;
-    for (int i = -radius; i <= radius; ++i)
-        sum += weights[i + radius] = sigma > 0 ? float(std::exp(-i * i / (2 * sigma * sigma))) : 1;
-    for (float& weight : weights)
-        weight /= sum;
-    return weights;
-}
-
-/// Blurs the rows of `source` and turns them into columns, so that doing it twice blurs both ways. Outside is
-/// empty.
-std::vector<float> blurredRowsAsColumns(const std::vector<float>& source, int width, int height,
-                                        const std::vector<float>& weights) {
-    const int radius = int(weights.size()) / 2;
-    std::vector<float> target(source.size());
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            float sum = 0;
-            for (int i = std::max(0, x - radius); i <= std::min(width - 1, x + radius); ++i)
-                sum += source[y * width + i] * weights[i - x + radius];
-            target[x * height + y] = sum;
-        }
-    return target;
-}
-
-} // namespace
 
 ShadowImage ShadowImage::make(QSizeF size, qreal cornerRadius, qreal blurRadius, const QColor& color,
                               int devicePixelRatio) {
     const qreal sigma = blurRadius / 2;
     ShadowImage shadow;
-    shadow.margin = int(std::ceil(reach * sigma));
+    shadow.margin = int(std::ceil(CoverageBlur::reach * sigma));
     // A side longer than this has a middle in which nothing changes.
     const int corner = shadow.margin + int(std::ceil(cornerRadius));
     const auto shortened = [corner](qreal side) { return std::min(int(std::ceil(side)), 2 * corner + 2); };
@@ -66,22 +33,7 @@ ShadowImage ShadowImage::make(QSizeF size, qreal cornerRadius, qreal blurRadius,
                             cornerRadius);
     painter.end();
 
-    const int width = shape.width(), height = shape.height();
-    std::vector<float> coverage;
-    coverage.reserve(size_t(width) * height);
-    for (int y = 0; y < height; ++y)
-        coverage.insert(coverage.end(), shape.constScanLine(y), shape.constScanLine(y) + width);
-    const std::vector<float> weights = gaussian(sigma * devicePixelRatio);
-    coverage = blurredRowsAsColumns(coverage, width, height, weights);
-    coverage = blurredRowsAsColumns(coverage, height, width, weights);
-
-    shadow.image = QImage(shape.size(), QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < height; ++y) {
-        const auto line = reinterpret_cast<QRgb*>(shadow.image.scanLine(y));
-        for (int x = 0; x < width; ++x)
-            line[x] = qPremultiply(qRgba(color.red(), color.green(), color.blue(),
-                                         int(std::lround(coverage[y * width + x] * color.alphaF()))));
-    }
+    shadow.image = CoverageBlur::make(shape, sigma * devicePixelRatio, color);
     return shadow;
 }
 

@@ -8,8 +8,8 @@ class QWindow;
 
 namespace Veilshot {
 
-/// Finds, shows and raises the main window, or the walkthrough's as long as that has not been finished. Windows
-/// are known by their object names. For the main thread.
+/// Finds, shows and raises the main window, or the walkthrough's as long as that has not been finished.
+/// Windows are known by their object names. For the main thread.
 class MainWindowBridge : public QObject {
     Q_OBJECT
 
@@ -28,8 +28,8 @@ public:
 
     /// Brings the window back from wherever it is: hidden, minimized, behind others. False if there is none.
     bool showMainWindow();
-    /// The same, after making the window if there is none. A new window is raised in the next turn of the event
-    /// loop.
+    /// The same, after making the window if there is none. A new window is raised in the next turn of the
+    /// event loop.
     void presentMainWindow();
 
 private:

@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <QWindow>
 
-#ifdef VEILSHOT_HAS_XCB
+#ifdef VEILSHOT_X11
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace Veilshot {
 
-#ifdef VEILSHOT_HAS_XCB
+#ifdef VEILSHOT_X11
 
 namespace {
 

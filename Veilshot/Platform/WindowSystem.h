@@ -4,8 +4,8 @@ class QWindow;
 
 namespace Veilshot {
 
-/// What windows need of the desktop and Qt has no word for. On X11, and only if it was built with xcb;
-/// elsewhere each does what the desktop allows. Main thread only.
+/// What windows need of the desktop and Qt has no word for. On X11, if it was built for that; elsewhere each
+/// does what the desktop allows. Main thread only.
 namespace WindowSystem {
 
 /// Leaves a window out of task bars and switchers and puts it on every desktop. To be called before each
