@@ -31,9 +31,8 @@ int runWindow(const WindowRequest& request) {
     const DesktopColorScheme desktop;
     AppearanceSetting appearance(UserDefaults::standard(), desktop, theme);
 
-    SystemFilePanel filePanel;
     EditorStore& store = EditorStore::shared();
-    ImageImporter importer(store, filePanel);
+    ImageImporter importer(store, SystemFilePanel::shared());
 
     QQmlApplicationEngine engine;
     engine.addImportPath(u"qrc:/qt/qml"_s);
