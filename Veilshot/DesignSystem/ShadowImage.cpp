@@ -12,6 +12,14 @@ namespace {
 /// Where a Gaussian has faded to less than what eight bits can show.
 constexpr qreal reach = 3;
 
+qreal sigmaOf(qreal blurRadius) {
+    return blurRadius / 2;
+}
+
+int marginOf(qreal blurRadius) {
+    return int(std::ceil(reach * sigmaOf(blurRadius)));
+}
+
 std::vector<float> gaussian(qreal sigma) {
     const int radius = int(std::ceil(reach * sigma));
     std::vector<float> weights(2 * radius + 1, 1);
@@ -41,15 +49,21 @@ std::vector<float> blurredRowsAsColumns(const std::vector<float>& source, int wi
 
 } // namespace
 
-ShadowImage ShadowImage::make(QSizeF size, qreal cornerRadius, qreal blurRadius, const QColor& color,
-                              int devicePixelRatio) {
-    const qreal sigma = blurRadius / 2;
-    ShadowImage shadow;
-    shadow.margin = int(std::ceil(reach * sigma));
+ShadowImage::Source ShadowImage::Source::shortened() const {
     // A side longer than this has a middle in which nothing changes.
+    const int longest = 2 * (marginOf(blurRadius) + int(std::ceil(cornerRadius))) + 2;
+    const auto shorten = [longest](qreal side) { return std::min(int(std::ceil(side)), longest); };
+    Source result = *this;
+    result.size = QSize(shorten(size.width()), shorten(size.height()));
+    return result;
+}
+
+ShadowImage ShadowImage::make(const Source& source) {
+    const auto [size, cornerRadius, blurRadius, color, devicePixelRatio] = source.shortened();
+    ShadowImage shadow;
+    shadow.margin = marginOf(blurRadius);
     const int corner = shadow.margin + int(std::ceil(cornerRadius));
-    const auto shortened = [corner](qreal side) { return std::min(int(std::ceil(side)), 2 * corner + 2); };
-    const QSize rectangle(shortened(size.width()), shortened(size.height()));
+    const QSize rectangle = size.toSize();
     const QSize whole = rectangle.grownBy({shadow.margin, shadow.margin, shadow.margin, shadow.margin});
     const auto padding = [&](int side) { return std::min(shadow.margin + corner, side / 2); };
     shadow.horizontalPadding = padding(whole.width());
@@ -71,7 +85,7 @@ ShadowImage ShadowImage::make(QSizeF size, qreal cornerRadius, qreal blurRadius,
     coverage.reserve(size_t(width) * height);
     for (int y = 0; y < height; ++y)
         coverage.insert(coverage.end(), shape.constScanLine(y), shape.constScanLine(y) + width);
-    const std::vector<float> weights = gaussian(sigma * devicePixelRatio);
+    const std::vector<float> weights = gaussian(sigmaOf(blurRadius) * devicePixelRatio);
     coverage = blurredRowsAsColumns(coverage, width, height, weights);
     coverage = blurredRowsAsColumns(coverage, height, width, weights);
 
