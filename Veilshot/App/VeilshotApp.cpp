@@ -1,5 +1,11 @@
 #include "Veilshot/App/VeilshotApp.h"
 
+#include "Veilshot/App/AppCommands.h"
+#include "Veilshot/App/AppDelegate.h"
+#include "Veilshot/App/ApplicationService.h"
+#include "Veilshot/App/CommandLine.h"
+#include "Veilshot/App/Scenes.h"
+#include "Veilshot/App/StandardStreams.h"
 #include "Veilshot/DesignSystem/Theme.h"
 #include "Veilshot/Features/Editor/EditorStore.h"
 #include "Veilshot/Features/Editor/ImageImporter.h"
@@ -8,14 +14,15 @@
 #include "Veilshot/Features/Settings/AppearanceSetting.h"
 #include "Veilshot/Platform/DesktopColorScheme.h"
 #include "Veilshot/Platform/FilePanel.h"
+#include "Veilshot/Platform/MainWindowBridge.h"
 #include "Veilshot/Platform/UserDefaults.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QIcon>
-#include <QQmlApplicationEngine>
+#include <QQmlEngine>
 #include <QtQml/QQmlExtensionPlugin>
 
+Q_IMPORT_QML_PLUGIN(Veilshot_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Veilshot_DesignSystemPlugin)
 Q_IMPORT_QML_PLUGIN(Veilshot_FeaturesPlugin)
 
@@ -23,9 +30,12 @@ using namespace Qt::StringLiterals;
 
 namespace Veilshot {
 
-int runWindow(const WindowRequest& request) {
-    QApplication::setDesktopFileName(u"veilshot"_s);
+namespace {
+
+int runApplication(ApplicationService& service, const WindowRequest& request) {
+    QApplication::setDesktopFileName(ApplicationService::serviceName);
     QApplication::setWindowIcon(QIcon(u":/qt/qml/Veilshot/DesignSystem/Icons/veilshot.svg"_s));
+    QApplication::setQuitOnLastWindowClosed(false);
 
     Theme theme(nullptr);
     const DesktopColorScheme desktop;
@@ -33,21 +43,39 @@ int runWindow(const WindowRequest& request) {
 
     EditorStore& store = EditorStore::shared();
     ImageImporter importer(store, SystemFilePanel::shared());
+    AppCommands commands;
 
-    QQmlApplicationEngine engine;
+    QQmlEngine engine;
     engine.addImportPath(u"qrc:/qt/qml"_s);
-    engine.setInitialProperties({{u"store"_s, QVariant::fromValue(&store)},
-                                 {u"history"_s, QVariant::fromValue(&HistoryStore::shared())},
-                                 {u"historyActions"_s, QVariant::fromValue(&HistoryActions::shared())},
-                                 {u"importer"_s, QVariant::fromValue(&importer)},
-                                 {u"appearance"_s, QVariant::fromValue(&appearance)},
-                                 {u"visible"_s, true}});
-    engine.load(u"qrc:/qt/qml/Veilshot/Features/Editor/EditorWindow.qml"_s);
-    if (engine.rootObjects().isEmpty())
-        return exitSomeImageFailed;
-    if (!request.image.isEmpty())
-        store.load(QUrl::fromLocalFile(QDir().absoluteFilePath(request.image)));
+    Scenes scenes(engine, {{u"store"_s, QVariant::fromValue(&store)},
+                           {u"history"_s, QVariant::fromValue(&HistoryStore::shared())},
+                           {u"historyActions"_s, QVariant::fromValue(&HistoryActions::shared())},
+                           {u"importer"_s, QVariant::fromValue(&importer)},
+                           {u"appearance"_s, QVariant::fromValue(&appearance)},
+                           {u"commands"_s, QVariant::fromValue(&commands)}});
+    MainWindowBridge mainWindow([] { return true; }, [&scenes] { scenes.open(Scenes::Id::main); });
+
+    AppDelegate delegate({store, scenes, mainWindow});
+    delegate.follow(commands);
+    QObject::connect(&service, &ApplicationService::requested, &delegate, &AppDelegate::carryOut);
+    delegate.carryOut(request);
     return QApplication::exec();
+}
+
+} // namespace
+
+int runWindow(const WindowRequest& request, const ActivationToken& token) {
+    ApplicationService service(QDBusConnection::sessionBus());
+    switch (service.start(request, token)) {
+    case ApplicationService::Start::first:
+        return runApplication(service, request);
+    case ApplicationService::Start::handedOver:
+        return exitDone;
+    case ApplicationService::Start::unanswered:
+        StandardStreams::writeErrorLine(u"Veilshot is running already, but does not answer."_s);
+        return exitSomeImageFailed;
+    }
+    return exitDone;
 }
 
 } // namespace Veilshot
