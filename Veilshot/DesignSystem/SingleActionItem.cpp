@@ -33,6 +33,7 @@ public:
     QAccessible::State state() const override {
         QAccessible::State state;
         state.invisible = !item().isVisible();
+        state.offscreen = !window()->geometry().intersects(rect());
         state.disabled = !item().isEnabled();
         state.focusable = item().activeFocusOnTab();
         state.focused = item().hasActiveFocus();
