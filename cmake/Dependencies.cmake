@@ -1,5 +1,5 @@
 # Everything the build links against. The Debian packages are listed in packaging/packages.txt.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Concurrent DBus Qml Quick Svg)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Concurrent DBus Network Qml Quick Svg)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 find_package(OpenMP REQUIRED COMPONENTS CXX)
 find_package(OpenCV 4 REQUIRED COMPONENTS core imgproc objdetect)
@@ -12,3 +12,4 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(TESSERACT REQUIRED IMPORTED_TARGET tesseract lept)
 pkg_check_modules(PSL REQUIRED IMPORTED_TARGET libpsl)
 pkg_check_modules(HEIF REQUIRED IMPORTED_TARGET libheif)
+pkg_check_modules(SODIUM REQUIRED IMPORTED_TARGET libsodium)
