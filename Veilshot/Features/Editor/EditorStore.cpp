@@ -71,11 +71,10 @@ EditorStore::~EditorStore() = default;
 
 EditorStore& EditorStore::shared() {
     static SystemClipboard clipboard;
-    static SystemFilePanel filePanel;
     static const SystemClock clock;
     static EditorStore& instance = []() -> EditorStore& {
-        auto& store =
-            *new EditorStore(&HistoryStore::shared(), Collaborators::real(clipboard, filePanel, clock));
+        auto& store = *new EditorStore(&HistoryStore::shared(),
+                                       Collaborators::real(clipboard, SystemFilePanel::shared(), clock));
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, &store, [&store] {
             store.finishExports();
             HistoryStore::shared().finishRecordings();
