@@ -41,9 +41,8 @@ int runApplication(ApplicationService& service, const WindowRequest& request) {
     const DesktopColorScheme desktop;
     AppearanceSetting appearance(UserDefaults::standard(), desktop, theme);
 
-    SystemFilePanel filePanel;
     EditorStore& store = EditorStore::shared();
-    ImageImporter importer(store, filePanel);
+    ImageImporter importer(store, SystemFilePanel::shared());
     AppCommands commands;
 
     QQmlEngine engine;

@@ -8,15 +8,33 @@
 
 namespace Veilshot {
 
-ShadowImage ShadowImage::make(QSizeF size, qreal cornerRadius, qreal blurRadius, const QColor& color,
-                              int devicePixelRatio) {
-    const qreal sigma = blurRadius / 2;
-    ShadowImage shadow;
-    shadow.margin = int(std::ceil(CoverageBlur::reach * sigma));
+namespace {
+
+qreal sigmaOf(qreal blurRadius) {
+    return blurRadius / 2;
+}
+
+int marginOf(qreal blurRadius) {
+    return int(std::ceil(CoverageBlur::reach * sigmaOf(blurRadius)));
+}
+
+} // namespace
+
+ShadowImage::Source ShadowImage::Source::shortened() const {
     // A side longer than this has a middle in which nothing changes.
+    const int longest = 2 * (marginOf(blurRadius) + int(std::ceil(cornerRadius))) + 2;
+    const auto shorten = [longest](qreal side) { return std::min(int(std::ceil(side)), longest); };
+    Source result = *this;
+    result.size = QSize(shorten(size.width()), shorten(size.height()));
+    return result;
+}
+
+ShadowImage ShadowImage::make(const Source& source) {
+    const auto [size, cornerRadius, blurRadius, color, devicePixelRatio] = source.shortened();
+    ShadowImage shadow;
+    shadow.margin = marginOf(blurRadius);
     const int corner = shadow.margin + int(std::ceil(cornerRadius));
-    const auto shortened = [corner](qreal side) { return std::min(int(std::ceil(side)), 2 * corner + 2); };
-    const QSize rectangle(shortened(size.width()), shortened(size.height()));
+    const QSize rectangle = size.toSize();
     const QSize whole = rectangle.grownBy({shadow.margin, shadow.margin, shadow.margin, shadow.margin});
     const auto padding = [&](int side) { return std::min(shadow.margin + corner, side / 2); };
     shadow.horizontalPadding = padding(whole.width());
@@ -33,7 +51,7 @@ ShadowImage ShadowImage::make(QSizeF size, qreal cornerRadius, qreal blurRadius,
                             cornerRadius);
     painter.end();
 
-    shadow.image = CoverageBlur::make(shape, sigma * devicePixelRatio, color);
+    shadow.image = CoverageBlur::make(shape, sigmaOf(blurRadius) * devicePixelRatio, color);
     return shadow;
 }
 

@@ -128,10 +128,18 @@ class Session(Program):
     def unblurs_an_area(self):
         count = int(self.summary.split()[0])
         self.press("push button", f"Review {count} areas")
-        self.press("push button", "Unblur")
+        row = self.find("list item", "Address, .+")
+        name = row.get_name()
+        assert row.get_child_count() == 0
+        assert [row.get_action_name(action) for action in range(row.get_n_actions())] == ["Unblur"]
+        row.do_action(0)
         self.find("heading", f"{count - 1} areas hidden")
         self.press("push button", "Restore last removed")
         self.find("heading", self.summary)
+        self.tab_to("list item", name)
+        self.desktop.key("Return")
+        self.press("push button", "Restore last removed")
+        self.find_gone("push button", "Restore last removed")
 
     def reopens_a_copy(self):
         self.press("push button", "Start Over")
