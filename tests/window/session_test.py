@@ -20,6 +20,9 @@ LABELS = {"address": "Addresses", "email": "Email addresses", "identity": "Ident
 
 class Session(Program):
     def __init__(self, desktop, veilshot, drag_source, images):
+        settings = desktop.home / ".config/Veilshot/Veilshot.conf"
+        settings.parent.mkdir(parents=True)
+        settings.write_text("[General]\nonboardingCompleted=true\n")
         super().__init__(desktop, veilshot, images)
         self.drag_source = drag_source
 

@@ -12,8 +12,8 @@ import Veilshot.Features
 Window {
     id: window
 
-    required property CheckForUpdatesViewModel viewModel
-    readonly property int stage: viewModel.stage
+    required property CheckForUpdatesViewModel updates
+    readonly property int stage: updates.stage
 
     width: content.implicitWidth
     height: content.implicitHeight
@@ -26,7 +26,7 @@ Window {
     color: Theme.windowBackground
     visible: stage !== CheckForUpdatesViewModel.None
 
-    onClosing: viewModel.close()
+    onClosing: updates.close()
     onStageChanged: {
         // Asked for, and so wanted in front; what was found unasked must not take the keyboard.
         if (stage === CheckForUpdatesViewModel.Checking) {
@@ -43,7 +43,7 @@ Window {
 
     Shortcut {
         sequences: ["Escape", StandardKey.Close]
-        onActivated: window.viewModel.close()
+        onActivated: window.updates.close()
     }
 
     FocusScope {
@@ -83,7 +83,7 @@ Window {
 
                         Text {
                             Layout.fillWidth: true
-                            text: window.viewModel.title
+                            text: window.updates.title
                             font.pixelSize: Theme.fontTitle
                             font.weight: Font.DemiBold
                             color: Theme.textPrimary
@@ -108,7 +108,7 @@ Window {
                     Text {
                         Layout.fillWidth: true
                         visible: text !== ""
-                        text: window.viewModel.message
+                        text: window.updates.message
                         font.pixelSize: Theme.fontBody
                         color: Theme.textSecondary
                         textFormat: Text.PlainText
@@ -122,7 +122,7 @@ Window {
             ColumnLayout {
                 Layout.fillWidth: true
                 spacing: 6
-                visible: window.viewModel.notes !== ""
+                visible: window.updates.notes !== ""
 
                 Text {
                     text: "What’s new"
@@ -186,7 +186,7 @@ Window {
 
                             width: scroller.width
                             padding: 12
-                            text: window.viewModel.notes
+                            text: window.updates.notes
                             font.pixelSize: Theme.fontBody
                             color: Theme.textPrimary
                             lineHeight: 1.2
@@ -219,7 +219,7 @@ Window {
                             return "OK";
                         }
                     }
-                    onClicked: window.viewModel.close()
+                    onClicked: window.updates.close()
                 }
 
                 FlatButton {
@@ -228,7 +228,7 @@ Window {
                     visible: window.stage === CheckForUpdatesViewModel.UpdateFound
                     kind: FlatButton.Primary
                     text: "Open Download Page"
-                    onClicked: window.viewModel.openDownloadPage()
+                    onClicked: window.updates.openDownloadPage()
                 }
             }
         }

@@ -34,7 +34,7 @@ TEST(UpdateWindow, ShowsACheckAndIsDoneWithTheKeyboard) {
     Theme theme(nullptr);
     QQmlApplicationEngine engine;
     engine.addImportPath(u"qrc:/qt/qml"_s);
-    engine.setInitialProperties({{u"viewModel"_s, QVariant::fromValue(&model)}});
+    engine.setInitialProperties({{u"updates"_s, QVariant::fromValue(&model)}});
     engine.load(u"qrc:/qt/qml/Veilshot/Features/Updates/UpdateWindow.qml"_s);
     ASSERT_FALSE(engine.rootObjects().isEmpty());
     auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
