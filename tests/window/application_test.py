@@ -9,10 +9,11 @@ import sys
 
 from PIL import ImageGrab
 
-from desktop import Desktop, wait_until
+from desktop import Atspi, Desktop, wait_until
 from program import Program
 
 SHORTCUT = "super+shift+b"
+HISTORY = "Keep protected copies in history"
 PANEL_TEXT = "Press ⌘V, drop an image here, or open a file. Esc closes this."
 
 
@@ -43,6 +44,9 @@ class Application(Program):
     def start_again(self, *arguments):
         assert subprocess.run([self.veilshot, *arguments], timeout=60).returncode == 0
 
+    def is_checked(self, role, name):
+        return self.find(role, name).get_state_set().contains(Atspi.StateType.CHECKED)
+
     def run(self):
         for step in (self.walks_through_the_first_run, self.stays_without_windows,
                      self.takes_a_screenshot_over_another_application, self.puts_the_window_back,
@@ -64,6 +68,9 @@ class Application(Program):
         assert not self.titled("Veilshot")
         for step in range(1, 6):
             self.find("label", f"Step {step} of 5")
+            if step == 3:
+                self.press("check box", HISTORY)
+                wait_until("no history", lambda: not self.is_checked("check box", HISTORY))
             if step == 4:
                 self.find("label", "Try it now")
                 self.desktop.key(SHORTCUT)
@@ -123,6 +130,7 @@ class Application(Program):
         self.activate("--name", "^Veilshot$")
         self.desktop.key("ctrl+comma")
         self.wait_for_window("Settings")
+        assert not self.is_checked("check box", HISTORY)  # as in the walkthrough
 
         def brightness():
             """Of what the windows show, on the average."""
