@@ -130,6 +130,12 @@ std::variant<WindowRequest, ScanRequest, CommandLineAnswer> parseCommandLine(con
     app.require_subcommand(0, 1);
     std::string image;
     app.add_option("IMAGE", image, "Image to open in the window")->type_name("");
+    bool isQuickPaste = false;
+    app.add_flag("--quick-paste", isQuickPaste,
+                 "Open the quick-paste panel (for a key that the desktop binds)");
+    bool isActivated = false;
+    app.add_flag("--activated", isActivated,
+                 "Wait for what the desktop says over D-Bus (for its service file)");
     app.get_formatter()->column_width(34);
 
     Arguments parsed;
@@ -170,8 +176,18 @@ std::variant<WindowRequest, ScanRequest, CommandLineAnswer> parseCommandLine(con
         return CommandLineAnswer{text, code == 0 ? exitDone : exitWrongUsage};
     }
 
-    if (!protect->parsed() && !detect->parsed())
-        return WindowRequest{QString::fromStdString(image)};
+    const bool isCommand = protect->parsed() || detect->parsed();
+    if (isQuickPaste + isActivated + isCommand + !image.empty() > 1 && (isQuickPaste || isActivated))
+        return CommandLineAnswer{u"%1 stands alone"_s.arg(isQuickPaste ? u"--quick-paste" : u"--activated"),
+                                 exitWrongUsage};
+    if (!isCommand) {
+        using Action = WindowRequest::Action;
+        return WindowRequest{isQuickPaste    ? Action::quickPaste
+                             : isActivated   ? Action::nothingYet
+                             : image.empty() ? Action::show
+                                             : Action::openImage,
+                             QString::fromStdString(image)};
+    }
     if (!image.empty())
         return CommandLineAnswer{u"%1: an image comes after the command"_s.arg(QString::fromStdString(image)),
                                  exitWrongUsage};

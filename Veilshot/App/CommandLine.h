@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Veilshot/App/ScanRequest.h"
+#include "Veilshot/App/WindowRequest.h"
 
 #include <QString>
 #include <QStringList>
@@ -13,11 +14,6 @@ namespace Veilshot {
 struct CommandLineAnswer {
     QString text;
     int exitCode = 0;
-};
-
-/// Opens the window.
-struct WindowRequest {
-    QString image; ///< a file to open in it; empty without
 };
 
 /// Exit codes of the program.

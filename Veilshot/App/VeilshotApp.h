@@ -1,11 +1,12 @@
 #pragma once
 
-#include "Veilshot/App/CommandLine.h"
+#include "Veilshot/App/ActivationToken.h"
+#include "Veilshot/App/WindowRequest.h"
 
 namespace Veilshot {
 
-/// Opens the main window, with the image if one is named, and runs until it is closed. Returns the exit code.
-/// Needs a QApplication.
-int runWindow(const WindowRequest& request);
+/// Carries out the request in the application that runs already, or becomes the application and runs until it
+/// is quit. Returns the exit code. Needs a QApplication.
+int runWindow(const WindowRequest& request, const ActivationToken& token);
 
 } // namespace Veilshot

@@ -1,3 +1,4 @@
+#include "Veilshot/App/ActivationToken.h"
 #include "Veilshot/App/CommandLine.h"
 #include "Veilshot/App/ScanCommand.h"
 #include "Veilshot/App/StandardStreams.h"
@@ -25,7 +26,8 @@ bool areArgumentsText(int argc, char** argv) {
 /// A command, or a question such as --help, is answered without a display.
 bool isForWindow(int argc, char** argv) {
     const std::string_view first = argc > 1 ? argv[1] : "";
-    if (first == "-" || first == "--") // names, or what stands before one
+    // Dashes alone are names, or stand before one.
+    if (first == "-" || first == "--" || first == "--quick-paste" || first == "--activated")
         return true;
     return first != "protect" && first != "detect" && !first.starts_with('-');
 }
@@ -39,6 +41,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    const ActivationToken token = ActivationToken::fromEnvironment();
     const auto application = makeApplication(argc, argv);
     QCoreApplication::setApplicationName(u"Veilshot"_s);
     QCoreApplication::setApplicationVersion(u"" VEILSHOT_VERSION ""_s);
@@ -60,6 +63,6 @@ int main(int argc, char** argv) {
         return answer->exitCode;
     }
     if (const auto* window = std::get_if<WindowRequest>(&parsed))
-        return runWindow(*window);
+        return runWindow(*window, token);
     return runScan(std::get<ScanRequest>(parsed));
 }

@@ -2,19 +2,20 @@ import QtQuick
 import QtQuick.Templates as T
 import Veilshot.DesignSystem
 
-/// A menu of `ContextMenuItem`s and `ContextMenuDivider`s; `popup()` opens it at the pointer.
+/// A menu of `ContextMenuItem`s and `ContextMenuDivider`s; `popup()` opens it at the pointer. It may be one of a
+/// `MenuBar`'s.
 T.Menu {
     id: menu
 
-    // Qt does not give the focus back by itself.
-    property Item formerFocus: null
-    property int formerReason: Qt.PopupFocusReason
+    readonly property MenuBar bar: (parent as T.MenuBarItem)?.menuBar as MenuBar
+    readonly property FocusMemory focusMemory: bar ? bar.focusMemory : ownMemory
+    readonly property FocusMemory ownMemory: FocusMemory {}
 
-    onAboutToShow: {
-        formerFocus = parent.Window.activeFocusItem;
-        formerReason = (formerFocus as T.Control)?.visualFocus ? Qt.TabFocusReason : Qt.PopupFocusReason;
+    onAboutToShow: focusMemory.keep(parent)
+    onClosed: {
+        if (!bar?.isOpen())
+            focusMemory.giveBack();
     }
-    onClosed: formerFocus?.forceActiveFocus(formerReason)
 
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding

@@ -7,6 +7,8 @@ T.MenuItem {
 
     required text
     property bool isDestructive: false
+    /// The keys that do the same, as they are shown at the end of the line.
+    property string shortcutText: ""
 
     implicitWidth: Math.max(160, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: 26
@@ -17,11 +19,28 @@ T.MenuItem {
     Accessible.name: text
     Accessible.onPressAction: triggered()
 
-    contentItem: Text {
-        text: item.text
-        font: item.font
-        color: item.highlighted ? Theme.onBrand : item.isDestructive ? Theme.danger : Theme.textPrimary
-        verticalAlignment: Text.AlignVCenter
+    contentItem: Item {
+        implicitWidth: label.implicitWidth + (item.shortcutText ? 32 + shortcutLabel.implicitWidth : 0)
+
+        Text {
+            id: label
+
+            height: parent.height
+            text: item.text
+            font: item.font
+            color: item.highlighted ? Theme.onBrand : item.isDestructive ? Theme.danger : Theme.textPrimary
+            verticalAlignment: Text.AlignVCenter
+        }
+        Text {
+            id: shortcutLabel
+
+            anchors.right: parent.right
+            height: parent.height
+            text: item.shortcutText
+            font: item.font
+            color: item.highlighted ? Theme.onBrand : Theme.textSecondary
+            verticalAlignment: Text.AlignVCenter
+        }
     }
     background: Rectangle {
         radius: Theme.rowRadius

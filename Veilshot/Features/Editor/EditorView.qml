@@ -16,6 +16,9 @@ FocusScope {
     required property HistoryActions historyActions
     required property ImageImporter importer
 
+    /// While something lies over the view that has shortcuts of its own.
+    readonly property bool isCovered: alert.visible || startView.isCovered
+
     signal settingsRequested
 
     EditorPresenter {
@@ -33,7 +36,7 @@ FocusScope {
     ImageDropTarget {
         id: dropTarget
         anchors.fill: parent
-        enabled: !alert.visible && !startView.isCovered
+        enabled: !view.isCovered
         store: view.store
     }
 
@@ -47,7 +50,7 @@ FocusScope {
             presenter: presenter
             importer: view.importer
             onSettingsRequested: view.settingsRequested()
-            areShortcutsEnabled: !alert.visible && !startView.isCovered
+            areShortcutsEnabled: !view.isCovered
         }
 
         Hairline {

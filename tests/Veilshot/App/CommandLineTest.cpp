@@ -42,6 +42,20 @@ TEST(CommandLine, ProtectsSmoothlyAtEighteenUnlessToldOtherwise) {
     EXPECT_TRUE(full.isJsonReportWanted);
 }
 
+TEST(CommandLine, OpensAWindowUnlessACommandIsNamed) {
+    using Action = WindowRequest::Action;
+    const auto action = [](const QString& arguments) {
+        return std::get<WindowRequest>(parse(arguments)).action;
+    };
+    EXPECT_EQ(std::get<WindowRequest>(parseCommandLine({u"veilshot"_s})).action, Action::show);
+    EXPECT_EQ(action(u"a.png"_s), Action::openImage);
+    EXPECT_EQ(action(u"--quick-paste"_s), Action::quickPaste);
+    EXPECT_EQ(action(u"--activated"_s), Action::nothingYet);
+    for (const QString& mistake :
+         {u"--quick-paste a.png"_s, u"--quick-paste detect a.png"_s, u"--activated --quick-paste"_s})
+        EXPECT_EQ(std::get<CommandLineAnswer>(parse(mistake)).exitCode, exitWrongUsage);
+}
+
 TEST(CommandLine, SelectsKinds) {
     using Kinds = std::set<SensitiveKind>;
     EXPECT_EQ(request(u"detect --only name,email a.png"_s).kinds,
