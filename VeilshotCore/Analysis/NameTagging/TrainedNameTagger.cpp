@@ -41,11 +41,16 @@ bool isCertain(TextRange listed, QStringView line, const std::vector<NameToken>&
            traitsBefore(tokens, listed.location).testFlag(WordTrait::title);
 }
 
-/// Whether the line is a single word that does not look like a name or means something else as well: "Gul" is
-/// rather the colour.
-bool isDoubtfulWord(const std::vector<NameToken>& tokens, QStringView line) {
-    return tokens.size() == 1 && (tokens.front().letterCase != NameToken::LetterCase::title ||
-                                  (lineWordTraits(NameLexicon::shared(), tokens.front(), line) & anyMeaning));
+/// Whether the model may be wrong about the single word: it means something else and is in no list of names
+/// ("Dough is alive"), or it fills the line and means something else as well or does not look like a name
+/// ("Gul", "IBAN").
+bool isDoubtful(const NameToken& word, QStringView line, const std::vector<NameToken>& tokens) {
+    const WordTraits traits = lineWordTraits(NameLexicon::shared(), word, line);
+    const bool hasMeaning = bool(traits & anyMeaning);
+    const bool isName = bool(traits & anyName);
+    const bool fillsLine = tokens.size() == 1;
+    const bool looksLikeName = word.letterCase == NameToken::LetterCase::title;
+    return (hasMeaning && !isName) || (fillsLine && (hasMeaning || !looksLikeName));
 }
 
 std::vector<TextRange> merged(std::vector<TextRange> ranges) {
@@ -71,13 +76,14 @@ std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) con
     if (!m_segmenter)
         return listed;
     const std::vector<NameToken> tokens = nameTokens(line);
-    if (isDoubtfulWord(tokens, line))
-        return listed;
     std::vector<TextRange> names;
     for (const TokenSpan& name :
          m_segmenter->names(nameFeatures(NameLexicon::shared(), line, tokens, listed))) {
         const qsizetype start = tokens[name.first].range.location;
-        names.push_back({start, tokens[name.last].range.end() - start});
+        const TextRange range{start, tokens[name.last].range.end() - start};
+        const bool isAgreed = std::ranges::find(listed, range) != listed.end();
+        if (isAgreed || name.first != name.last || !isDoubtful(tokens[name.first], line, tokens))
+            names.push_back(range);
     }
     std::ranges::copy_if(listed, std::back_inserter(names),
                          [&](TextRange range) { return isCertain(range, line, tokens); });
