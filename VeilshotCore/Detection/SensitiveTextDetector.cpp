@@ -1,7 +1,7 @@
 #include "VeilshotCore/Detection/SensitiveTextDetector.h"
 
 #include "VeilshotCore/Analysis/DataDetection/StandardDataDetector.h"
-#include "VeilshotCore/Analysis/NameTagging/ListNameTagger.h"
+#include "VeilshotCore/Analysis/NameTagging/TrainedNameTagger.h"
 #include "VeilshotCore/Analysis/TextRecognition/TesseractTextRecognizer.h"
 #include "VeilshotCore/Detection/TextPatterns.h"
 
@@ -84,7 +84,7 @@ SensitiveTextDetector::Analyzers SensitiveTextDetector::Analyzers::shared() {
     // Never destroyed: at the end of the process the libraries behind them may be gone before them.
     static const Analyzers& analyzers =
         *new Analyzers{std::make_shared<TesseractTextRecognizer>(), std::make_shared<StandardDataDetector>(),
-                       std::make_shared<ListNameTagger>()};
+                       std::make_shared<TrainedNameTagger>()};
     return analyzers;
 }
 

@@ -44,7 +44,7 @@ WordTraits traitOfFlag(char flag) {
 }
 
 WordTraits traitOfSection(std::string_view section) {
-    constexpr std::array<std::pair<std::string_view, WordTrait>, 19> sections{{
+    constexpr std::array<std::pair<std::string_view, WordTrait>, 20> sections{{
         {"title", WordTrait::title},
         {"role", WordTrait::role},
         {"label", WordTrait::label},
@@ -60,6 +60,7 @@ WordTraits traitOfSection(std::string_view section) {
         {"locative", WordTrait::locative},
         {"function", WordTrait::functionWord},
         {"calendar", WordTrait::calendar},
+        {"danish", WordTrait::danishWord},
         {"product", WordTrait::product},
         {"place", WordTrait::place},
         {"first", WordTrait::weakFirstName},

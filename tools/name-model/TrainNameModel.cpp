@@ -1,0 +1,122 @@
+// Learns the model of the name tagger from labelled lines; README.md beside this file tells how to call it.
+
+#include "LabelledLine.h"
+#include "NameLearner.h"
+#include "ReadingNoise.h"
+
+#include "VeilshotCore/Analysis/NameTagging/ListNameTagger.h"
+
+#include <CLI/CLI.hpp>
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <algorithm>
+#include <iostream>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+namespace {
+
+struct Options {
+    std::vector<std::string> paths;
+    std::vector<std::string> countedTwice;
+    std::string output;
+    double noiseShare = 0.25;
+    LearningOptions learning;
+};
+
+LabelledFeatures featuresOf(const LabelledLine& line) {
+    constexpr uint8_t begin = 0;
+    constexpr uint8_t inside = 1;
+    constexpr uint8_t outside = 2;
+    const NameLexicon& lexicon = NameLexicon::shared();
+    const std::vector<NameToken> tokens = nameTokens(line.text);
+    LabelledFeatures features;
+    features.tokens =
+        nameFeatures(lexicon, line.text, tokens, ListNameTagger(lexicon).personalNames(line.text));
+    features.labels.assign(tokens.size(), outside);
+    for (const TextRange& name : line.names) {
+        uint8_t label = begin;
+        for (size_t at = 0; at < tokens.size(); ++at) {
+            if (tokens[at].range.intersects(name) && features.labels[at] == outside)
+                features.labels[at] = std::exchange(label, inside);
+        }
+    }
+    return features;
+}
+
+/// Folders stand for their files, except those kept for measuring.
+QStringList trainingFiles(const std::vector<std::string>& paths) {
+    QStringList files;
+    for (const std::string& name : paths) {
+        const QString path = QString::fromStdString(name);
+        if (!QFileInfo(path).isDir()) {
+            files.append(path);
+            continue;
+        }
+        for (const QFileInfo& entry : QDir(path).entryInfoList({u"*.jsonl"_s}, QDir::Files, QDir::Name)) {
+            if (!entry.baseName().endsWith(u"-dev"))
+                files.append(entry.filePath());
+        }
+    }
+    return files;
+}
+
+std::vector<LabelledFeatures> trainingLines(const Options& options) {
+    std::vector<LabelledFeatures> lines;
+    ReadingNoise noise(1);
+    std::mt19937 random(2);
+    std::bernoulli_distribution isRepeated(options.noiseShare);
+    for (const QString& file : trainingFiles(options.paths)) {
+        const std::string name = QFileInfo(file).baseName().toStdString();
+        const auto times = 1 + std::ranges::count(options.countedTwice, name);
+        const std::vector<LabelledLine> read = readLabelledLines(file);
+        std::cout << name << ": " << read.size() << " lines, counted " << times << " times" << std::endl;
+        for (const LabelledLine& line : read) {
+            for (auto time = times; time > 0; --time) {
+                lines.push_back(featuresOf(line));
+                if (isRepeated(random))
+                    lines.push_back(featuresOf(noise.applied(line)));
+            }
+        }
+    }
+    std::erase_if(lines, [](const LabelledFeatures& line) { return line.tokens.empty(); });
+    return lines;
+}
+
+void train(const Options& options) {
+    const NameModel model = learntModel(trainingLines(options), options.learning);
+    const QByteArray bytes = model.toBytes();
+    QSaveFile file(QString::fromStdString(options.output));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw std::runtime_error("Cannot write " + options.output);
+    std::cout << model.weights.size() << " features, " << bytes.size() << " bytes\n";
+}
+
+} // namespace
+} // namespace Veilshot
+
+int main(int argc, char** argv) {
+    Veilshot::Options options;
+    Veilshot::LearningOptions& learning = options.learning;
+    CLI::App app("Learns the name tagger's model from labelled lines");
+    app.option_defaults()->always_capture_default();
+    app.add_option("paths", options.paths, "Files of labelled lines, or folders of them")->required();
+    app.add_option("--output", options.output, "The model file to write")->required();
+    app.add_option("--twice", options.countedTwice, "A file that counts twice, by its name without ending");
+    app.add_option("--noise", options.noiseShare, "Share of the lines repeated with reading errors");
+    app.add_option("--rounds", learning.rounds);
+    app.add_option("--rounds-for-all", learning.roundsForAll, "After these the features are weeded out");
+    app.add_option("--features", learning.keptFeatures, "Number of features kept");
+    app.add_option("--forgotten", learning.forgotten, "Share of the features hidden in each step");
+    app.add_option("--bias", learning.bias, "Added in favour of names");
+    CLI11_PARSE(app, argc, argv);
+    try {
+        Veilshot::train(options);
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+    return 0;
+}
