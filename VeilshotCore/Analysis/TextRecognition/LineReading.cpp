@@ -1,9 +1,11 @@
 #include "VeilshotCore/Analysis/TextRecognition/LineReading.h"
 
+#include "VeilshotCore/Analysis/RegularExpression.h"
 #include "VeilshotCore/Analysis/TextRecognition/InkColumns.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -25,9 +27,19 @@ constexpr double farthestValue = 16;
 
 using Symbols = std::vector<TesseractEngine::Symbol>;
 
+/// Whether the word is longer than people's words are and has letters and digits: a key, a part of one.
+bool isToken(const QString& word) {
+    constexpr qsizetype leastLength = 14;
+    return word.size() >= leastLength &&
+           std::ranges::any_of(word, [](QChar character) { return character.isDigit(); }) &&
+           std::ranges::any_of(word, [](QChar character) { return character.isLetter(); });
+}
+
 double narrowestBlankBetween(const QString& word, QChar last, QChar next) {
+    if (next == u'/' && (word.endsWith(u"http:") || word.endsWith(u"https:")))
+        return std::numeric_limits<double>::infinity();
     const bool isAddress = word.contains(u"://") || word.contains(u'@') || word.startsWith(u"www.");
-    if (isAddress && (last == u'.' || next == u'.'))
+    if ((isAddress || isToken(word)) && (last == u'.' || next == u'.'))
         return narrowestBlankInAddress;
     if (u"_/@="_s.contains(last) || u"_/@=:"_s.contains(next))
         return narrowestBlankBesideSign;
@@ -61,6 +73,20 @@ Symbols withUnderscores(const Symbols& recognized, const InkColumns& columns, in
             symbols.insert(next, {u"_"_s, box, false});
     }
     return symbols;
+}
+
+/// The hyphens of a date with a time of day as such, so that nobody takes its digits for a number to call.
+void writeTimestampsUnbroken(QString& text) {
+    static const RegularExpression expression(
+        uR"((?<![\d-])(?:(?:19|20)\d\d(-)[01]\d(-)[0-3]\d|[0-3]\d(-)[01]\d(-)(?:19|20)\d\d))"
+        uR"((?=[T_ ]{1,2}[0-2]?\d[:.][0-5]\d))");
+    constexpr QChar nonBreakingHyphen(0x2011);
+    for (const auto& match : expression.matches(text)) {
+        for (const TextRange hyphen : match.groups) {
+            if (hyphen.location >= 0)
+                text[hyphen.location] = nonBreakingHyphen;
+        }
+    }
 }
 
 bool isBeside(const SegmentReading& label, const SegmentReading& value) {
@@ -143,6 +169,7 @@ std::vector<RecognizedLine> assembleLines(const std::vector<SegmentReading>& rea
                                    NormalizedRect::fromPixels(symbol.box, image)});
             text += readings[*part].text;
         }
+        writeTimestampsUnbroken(text);
         lines.emplace_back(std::move(text), std::move(symbols));
     }
     return lines;
