@@ -98,6 +98,77 @@ bool isBeside(const SegmentReading& label, const SegmentReading& value) {
            gap <= farthestValue * left.height();
 }
 
+/// Whether one stands right below the other as in a column, flush left.
+bool isBelow(const SegmentReading& upper, const SegmentReading& lower) {
+    constexpr double mostShift = 0.8;
+    constexpr double widestGap = 1.4;
+    const int height = std::max(upper.box.height(), lower.box.height());
+    const int gap = lower.box.top() - upper.box.bottom();
+    return gap > 0 && gap <= widestGap * height &&
+           std::abs(lower.box.left() - upper.box.left()) <= mostShift * height;
+}
+
+/// Labels of details that nothing but their label tells from other words and numbers.
+bool isTellingLabel(const QString& text) {
+    static const RegularExpression expression(
+        uR"(^(?:(?:date of )?birth(?: ?da(?:y|te))?|born|dob|født|fødselsda(?:g|to))"
+        uR"(|(?:[\p{L}-]+ ){0,2}(?:pass(?:word|code|phrase)?|secret|token|pin(?: ?code)?|(?:api|access|license) key)"
+        uR"(|kodeord|adgangskode|pinkode|nøgle|pas(?:nummer)?)|kørekort|driv\w+ licen[cs]e|sundhedskort)"
+        uR"(|(?:passport|pas|id|identity|ni|national insurance|social security|tax|ssn|tin|health|patient))"
+        uR"((?:[- ]?(?:card|no|nr|number|nummer|id)){1,2})[.*]?$)");
+    return text.size() <= 32 && expression.hasMatch(text);
+}
+
+/// Whether the first text goes on in the second, which stands below it in the same column: an address with
+/// its floor or postcode, a number with its last digits.
+bool goesOnIn(const QString& upper, const QString& lower) {
+    static const RegularExpression restOfAddress(
+        uR"(^(?:\d{4,5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|(?:st|kl|\d{1,2})\.? ?(?:sal)?,? ?(?:t[vh]|mf)\.?)$)");
+    static const RegularExpression restOfNumber(uR"(^\d{2,4}(?: \d{2})?$)");
+    static const RegularExpression begunNumber(uR"([\p{L}+,].*\d{2} \d{2,4}$)");
+    static const RegularExpression word(uR"(\p{L}{2})");
+    return (restOfAddress.hasMatch(lower) && word.hasMatch(upper)) ||
+           (restOfNumber.hasMatch(lower) && begunNumber.hasMatch(upper));
+}
+
+/// Two readings as one line, `between` them.
+RecognizedLine joined(const SegmentReading& first, QChar between, const SegmentReading& second, QSize image) {
+    std::vector<RecognizedLine::Symbol> symbols;
+    for (const SegmentReading::Symbol& symbol : first.symbols)
+        symbols.push_back({symbol.range, NormalizedRect::fromPixels(symbol.box, image)});
+    const qsizetype offset = first.text.size() + 1;
+    for (const SegmentReading::Symbol& symbol : second.symbols)
+        symbols.push_back({{symbol.range.location + offset, symbol.range.length},
+                           NormalizedRect::fromPixels(symbol.box, image)});
+    return RecognizedLine(first.text + between + second.text, std::move(symbols));
+}
+
+/// Lines in addition to those of the segments, where only two segments together show what they hold.
+void appendLinesOfPairs(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                        QSize image) {
+    for (const SegmentReading& label : readings) {
+        if (!isTellingLabel(label.text))
+            continue;
+        const SegmentReading* beside = nullptr;
+        for (const SegmentReading& value : readings) {
+            if (isBelow(label, value))
+                lines.push_back(joined(label, u'\t', value, image));
+            if (isBeside(label, value) && (!beside || value.box.left() < beside->box.left()))
+                beside = &value;
+        }
+        if (beside)
+            lines.push_back(joined(label, u'\t', *beside, image));
+    }
+    for (const SegmentReading& lower : readings) {
+        if (lower.text.isEmpty() || lower.text.size() > 12 || !lower.text.front().isLetterOrNumber())
+            continue;
+        for (const SegmentReading& upper : readings) {
+            if (isBelow(upper, lower) && goesOnIn(upper.text, lower.text))
+                lines.push_back(joined(upper, u' ', lower, image));
+        }
+    }
+}
+
 } // namespace
 
 SegmentReading readSegment(const TextSegment& segment, const Symbols& recognized) {
@@ -172,6 +243,7 @@ std::vector<RecognizedLine> assembleLines(const std::vector<SegmentReading>& rea
         writeTimestampsUnbroken(text);
         lines.emplace_back(std::move(text), std::move(symbols));
     }
+    appendLinesOfPairs(lines, readings, image);
     return lines;
 }
 
