@@ -66,8 +66,9 @@ struct Composition {
 bool isChosen(QStringView text) {
     const Composition parts(text);
     const bool hasLetters = parts.upper + parts.lower > 0;
-    if (text.contains(u".env."))
-        return false; // the name of a variable that holds it
+    // The name of a variable that holds it, an option, a path.
+    if (text.contains(u".env.") || u"-~/."_s.contains(text.front()))
+        return false;
     return hasLetters && (parts.digits > 0 || (parts.signs > 0 && !text.back().isPunct()));
 }
 

@@ -35,22 +35,57 @@ bool isToken(const QString& word) {
            std::ranges::any_of(word, [](QChar character) { return character.isLetter(); });
 }
 
+bool isAddress(const QString& word) {
+    return word.contains(u"://") || word.contains(u'@') || word.startsWith(u"www.");
+}
+
 double narrowestBlankBetween(const QString& word, QChar last, QChar next) {
     if (next == u'/' && (word.endsWith(u"http:") || word.endsWith(u"https:")))
         return std::numeric_limits<double>::infinity();
-    const bool isAddress = word.contains(u"://") || word.contains(u'@') || word.startsWith(u"www.");
-    if ((isAddress || isToken(word)) && (last == u'.' || next == u'.'))
+    if ((isAddress(word) || isToken(word)) && (last == u'.' || next == u'.'))
         return narrowestBlankInAddress;
-    if (u"_/@="_s.contains(last) || u"_/@=:"_s.contains(next))
+    if (u"_/@="_s.contains(last) || u"_/@=:"_s.contains(next) || word.contains(u'='))
         return narrowestBlankBesideSign;
     return narrowestBlank;
 }
 
-/// Whether the ink confirms the blank that was read between the word so far and `next`.
+double distance(const TesseractEngine::Symbol& left, const TesseractEngine::Symbol& right) {
+    return right.box.center().x() - left.box.center().x();
+}
+
+/// How far apart the characters of a line in a font of fixed width stand; nothing for other fonts.
+std::optional<double> fixedPitch(const Symbols& symbols) {
+    constexpr std::size_t leastPairs = 12;
+    constexpr double tolerance = 0.22;
+    constexpr double leastShare = 0.8;
+    std::vector<double> distances;
+    for (std::size_t index = 1; index < symbols.size(); ++index) {
+        if (!symbols[index].beginsWord)
+            distances.push_back(distance(symbols[index - 1], symbols[index]));
+    }
+    if (distances.size() < leastPairs)
+        return std::nullopt;
+    const auto median = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
+    std::ranges::nth_element(distances, median);
+    const double pitch = *median;
+    const auto regular = std::ranges::count_if(
+        distances, [&](double other) { return std::abs(other - pitch) <= tolerance * pitch; });
+    return static_cast<double>(regular) >= leastShare * static_cast<double>(distances.size())
+               ? std::optional(pitch)
+               : std::nullopt;
+}
+
+/// Whether the ink confirms the blank that was read between the word so far and `next`. In fonts of fixed
+/// width an address or a key has gaps as wide as blanks elsewhere; there a whole character is missing.
 bool isBlankBetween(const QString& word, const TesseractEngine::Symbol& previous,
-                    const TesseractEngine::Symbol& next, const InkColumns& columns, int height) {
+                    const TesseractEngine::Symbol& next, const InkColumns& columns, int height,
+                    std::optional<double> pitch) {
+    constexpr double narrowestFixedBlank = 1.35; // in pitches, from character to character
     if (word.isEmpty() || next.text.isEmpty())
         return true;
+    if (pitch && (isAddress(word) || isToken(word)) &&
+        distance(previous, next) < narrowestFixedBlank * *pitch)
+        return false;
     return columns.widestBlank(previous.box.center().x(), next.box.center().x()) >=
            narrowestBlankBetween(word, word.back(), next.text.front()) * height;
 }
@@ -75,18 +110,26 @@ Symbols withUnderscores(const Symbols& recognized, const InkColumns& columns, in
     return symbols;
 }
 
-/// The hyphens of a date with a time of day as such, so that nobody takes its digits for a number to call.
-void writeTimestampsUnbroken(QString& text) {
-    static const RegularExpression expression(
+/// With hyphens and blanks that do not break lines where the digits around them are surely no number to call:
+/// in a date with a time of day, behind a number sign, between thousands. And with the letter Ø where it was
+/// taken for a sign that no handle of a person would have there.
+void settleSigns(QString& text) {
+    static const RegularExpression joinedDigits(
         uR"((?<![\d-])(?:(?:19|20)\d\d(-)[01]\d(-)[0-3]\d|[0-3]\d(-)[01]\d(-)(?:19|20)\d\d))"
-        uR"((?=[T_ ]{1,2}[0-2]?\d[:.][0-5]\d))");
+        uR"((?=[T_ ]{1,2}[0-2]?\d[:.][0-5]\d))"
+        uR"(|(?<=#)\d+(-)\d+(?![\d-])|(?<![\d+()\p{L}-] ?)[1-9]( )\d{3}( )\d{3}(?![\d()-]| [\d(-]))");
+    static const RegularExpression misreadLetter(uR"((?<=\p{Lu}\p{Ll}{1,20} )(@)(?=\p{Ll}{3,}(?![\p{L}\d_@-]|\.\w)))",
+                                                 RegularExpression::CaseSensitivity::sensitive);
     constexpr QChar nonBreakingHyphen(0x2011);
-    for (const auto& match : expression.matches(text)) {
-        for (const TextRange hyphen : match.groups) {
-            if (hyphen.location >= 0)
-                text[hyphen.location] = nonBreakingHyphen;
+    constexpr QChar nonBreakingBlank(0x00A0);
+    for (const auto& match : joinedDigits.matches(text)) {
+        for (const TextRange sign : match.groups) {
+            if (sign.location >= 0)
+                text[sign.location] = text[sign.location] == u'-' ? nonBreakingHyphen : nonBreakingBlank;
         }
     }
+    for (const TextRange sign : misreadLetter.ranges(text))
+        text[sign.location] = u'Ø';
 }
 
 bool isBeside(const SegmentReading& label, const SegmentReading& value) {
@@ -131,16 +174,71 @@ bool goesOnIn(const QString& upper, const QString& lower) {
            (restOfNumber.hasMatch(lower) && begunNumber.hasMatch(upper));
 }
 
-/// Two readings as one line, `between` them.
-RecognizedLine joined(const SegmentReading& first, QChar between, const SegmentReading& second, QSize image) {
-    std::vector<RecognizedLine::Symbol> symbols;
-    for (const SegmentReading::Symbol& symbol : first.symbols)
-        symbols.push_back({symbol.range, NormalizedRect::fromPixels(symbol.box, image)});
-    const qsizetype offset = first.text.size() + 1;
-    for (const SegmentReading::Symbol& symbol : second.symbols)
-        symbols.push_back({{symbol.range.location + offset, symbol.range.length},
-                           NormalizedRect::fromPixels(symbol.box, image)});
-    return RecognizedLine(first.text + between + second.text, std::move(symbols));
+/// A part of a reading: from one character on up to another.
+struct Part {
+    const SegmentReading& reading;
+    TextRange range;
+
+    QString text() const { return reading.text.sliced(range.location, range.length); }
+
+    std::vector<RecognizedLine::Symbol> symbols(qsizetype offset, QSize image) const {
+        std::vector<RecognizedLine::Symbol> symbols;
+        for (const SegmentReading::Symbol& symbol : reading.symbols) {
+            if (symbol.range.intersects(range))
+                symbols.push_back({{symbol.range.location - range.location + offset, symbol.range.length},
+                                   NormalizedRect::fromPixels(symbol.box, image)});
+        }
+        return symbols;
+    }
+};
+
+Part whole(const SegmentReading& reading) {
+    return {reading, {0, reading.text.size()}};
+}
+
+/// The text of both, `between` them, in which only one of them has boxes: twice, so that a detail that lies in
+/// both is covered where each of its parts stands and not around both.
+void appendBothWays(std::vector<RecognizedLine>& lines, const Part& first, QChar between, const Part& second,
+                    QSize image) {
+    QString text = first.text() + between + second.text();
+    settleSigns(text);
+    lines.emplace_back(text, first.symbols(0, image));
+    lines.emplace_back(text, second.symbols(first.range.length + 1, image));
+}
+
+/// The last words, or the first.
+enum class End { first, last };
+
+Part fewWords(const SegmentReading& reading, End end) {
+    constexpr int count = 8;
+    constexpr qsizetype mostCharacters = 80;
+    const QString& text = reading.text;
+    qsizetype at = end == End::first ? 0 : text.size() - 1;
+    const qsizetype step = end == End::first ? 1 : -1;
+    int blanks = 0;
+    qsizetype length = 0;
+    for (; at >= 0 && at < text.size() && length < mostCharacters; at += step, ++length) {
+        if (text[at] == u' ' && ++blanks == count)
+            break;
+    }
+    return {reading, end == End::first ? TextRange{0, length} : TextRange{text.size() - length, length}};
+}
+
+/// Whether it is a line of a text that is wrapped, not a cell of a table.
+bool isProse(const SegmentReading& reading) {
+    constexpr int leastWidth = 18; // in heights
+    static const RegularExpression smallWord(uR"((?<![\p{L}\p{N}])\p{Ll}{2,}(?![\p{L}\p{N}]))",
+                                             RegularExpression::CaseSensitivity::sensitive);
+    return reading.box.width() >= leastWidth * reading.box.height() && smallWord.ranges(reading.text).size() >= 3;
+}
+
+/// Whether the two belong to one wrapped text and may be read across the end of the line. Not with a label in
+/// them, which would give all of both away, nor where a time or a date begins the next line of a log.
+bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
+    static const RegularExpression label(uR"(\p{L}\s*[:#])");
+    static const RegularExpression time(uR"(^\[?\d+[:./-]\d)");
+    return isProse(upper) && !time.hasMatch(lower.text) && !label.hasMatch(upper.text) &&
+           !label.hasMatch(lower.text);
 }
 
 /// Lines in addition to those of the segments, where only two segments together show what they hold.
@@ -152,19 +250,23 @@ void appendLinesOfPairs(std::vector<RecognizedLine>& lines, const std::vector<Se
         const SegmentReading* beside = nullptr;
         for (const SegmentReading& value : readings) {
             if (isBelow(label, value))
-                lines.push_back(joined(label, u'\t', value, image));
+                appendBothWays(lines, whole(label), u'\t', whole(value), image);
             if (isBeside(label, value) && (!beside || value.box.left() < beside->box.left()))
                 beside = &value;
         }
         if (beside)
-            lines.push_back(joined(label, u'\t', *beside, image));
+            appendBothWays(lines, whole(label), u'\t', whole(*beside), image);
     }
     for (const SegmentReading& lower : readings) {
-        if (lower.text.isEmpty() || lower.text.size() > 12 || !lower.text.front().isLetterOrNumber())
+        if (lower.text.isEmpty())
             continue;
         for (const SegmentReading& upper : readings) {
-            if (isBelow(upper, lower) && goesOnIn(upper.text, lower.text))
-                lines.push_back(joined(upper, u' ', lower, image));
+            if (!isBelow(upper, lower))
+                continue;
+            if (goesOnIn(upper.text, lower.text))
+                appendBothWays(lines, whole(upper), u' ', whole(lower), image);
+            else if (isWrapped(upper, lower))
+                appendBothWays(lines, fewWords(upper, End::last), u' ', fewWords(lower, End::first), image);
         }
     }
 }
@@ -175,6 +277,7 @@ SegmentReading readSegment(const TextSegment& segment, const Symbols& recognized
     SegmentReading reading{{}, {}, segment.box};
     const InkColumns columns(segment.ink);
     const Symbols symbols = withUnderscores(recognized, columns, segment.ink.height());
+    const std::optional<double> pitch = fixedPitch(symbols);
     QString word;
     std::size_t wordBegin = 0;
     const auto endWord = [&] {
@@ -195,7 +298,7 @@ SegmentReading readSegment(const TextSegment& segment, const Symbols& recognized
     const TesseractEngine::Symbol* previous = nullptr;
     for (const TesseractEngine::Symbol& symbol : symbols) {
         if (previous && symbol.beginsWord &&
-            isBlankBetween(word, *previous, symbol, columns, segment.ink.height())) {
+            isBlankBetween(word, *previous, symbol, columns, segment.ink.height(), pitch)) {
             endWord();
             reading.text += u' ';
         }
@@ -240,7 +343,7 @@ std::vector<RecognizedLine> assembleLines(const std::vector<SegmentReading>& rea
                                    NormalizedRect::fromPixels(symbol.box, image)});
             text += readings[*part].text;
         }
-        writeTimestampsUnbroken(text);
+        settleSigns(text);
         lines.emplace_back(std::move(text), std::move(symbols));
     }
     appendLinesOfPairs(lines, readings, image);

@@ -285,7 +285,7 @@ std::vector<Group> groupIntoLines(const Ink& ink) {
                      [&](int left, int right) { sets.join(left, right); });
     // Whole pieces know the line's height, which single letters do not: first close neighbours, then wider
     // gaps.
-    for (const Adjacency adjacency : {Adjacency{0.6, 0.55}, Adjacency{1.0, 0.55}}) {
+    for (const Adjacency adjacency : {Adjacency{0.6, 0.55}, Adjacency{1.2, 0.55}}) {
         const std::vector<Group> groups = groupsOf(sets, ink.blobs);
         boxes.clear();
         for (const Group& group : groups)
