@@ -15,16 +15,18 @@ using enum RegularExpression::CaseSensitivity;
 
 /// What says that a secret follows. "Tokens: 512" counts something.
 const QString secretLabel =
-    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|wi-?fi|guest)\s+pass|pin(?:[- ]?code)?|secret)"
+    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|wi-?fi|guest)\s+pass|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
     uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?)"
     uR"(|kodeord|adgangskode|pinkode|engangskode|nøgle))"_s;
 
 struct Expressions {
     /// Group 1 is what the label names. A column between them arrives as a tab.
     RegularExpression column{u"^\\s*(?:[\\w-]+\\s){0,2}"_s + secretLabel + uR"(\s*[:.]?\t\s*(\S{4,})\s*$)"_s};
-    RegularExpression assignment{u"[\\w.-]*"_s + secretLabel + uR"([\w-]*["'”“]?\s*(?:[:=]|=>)\s*["'”“]?)"_s +
-                                 uR"(([^\s"'”“,;<>(){}\[\]$*•]{6,})(?![(\[{]))"_s};
-    RegularExpression sentence{u"(?<![\\w])(?:login|"_s + secretLabel + uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
+    RegularExpression assignment{u"[\\w.-]*"_s + secretLabel +
+                                 uR"([\w-]*["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
+                                 uR"(([^\s"'”“,;<>(){}\[\]$*•]{6,}+)(?![(\[{]))"_s};
+    RegularExpression sentence{u"(?<![\\w])(?:login|"_s + secretLabel +
+                               uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
 
     /// Keys that say themselves whose they are. A blank that was read into a signed token is put up with.
     RegularExpression knownShape{
@@ -45,7 +47,6 @@ struct Composition {
     int upper = 0;
     int lower = 0;
     int digits = 0;
-    int signs = 0;
     /// How often a letter stands beside a digit.
     int changes = 0;
 
@@ -55,8 +56,8 @@ struct Composition {
             upper += character.isUpper();
             lower += character.isLower();
             digits += character.isDigit();
-            signs += !character.isLetterOrNumber();
-            changes += (character.isDigit() && previous.isLetter()) || (character.isLetter() && previous.isDigit());
+            changes +=
+                (character.isDigit() && previous.isLetter()) || (character.isLetter() && previous.isDigit());
             previous = character;
         }
     }
@@ -66,10 +67,12 @@ struct Composition {
 bool isChosen(QStringView text) {
     const Composition parts(text);
     const bool hasLetters = parts.upper + parts.lower > 0;
+    const bool hasRareSign = std::ranges::any_of(
+        text.chopped(1), [](QChar character) { return u"!@#$%&*+?^="_s.contains(character); });
     // The name of a variable that holds it, an option, a path.
-    if (text.contains(u".env.") || u"-~/."_s.contains(text.front()))
+    if (text.contains(u".env.") || u":-~/."_s.contains(text.front()))
         return false;
-    return hasLetters && (parts.digits > 0 || (parts.signs > 0 && !text.back().isPunct()));
+    return hasLetters && (parts.digits > 0 || hasRareSign);
 }
 
 /// Whether nobody thought of this run of letters and digits: they alternate, which neither names of files nor

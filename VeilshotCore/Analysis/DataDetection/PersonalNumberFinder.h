@@ -12,8 +12,8 @@ namespace Veilshot {
 class PersonalNumberFinder {
 public:
     /// The dates and numbers in text order, without overlaps and without their labels. A date is one of birth
-    /// behind a word that says so, and when it lies long enough ago in digits or alone on its line. Never fails. May be
-    /// called from several threads at once.
+    /// behind a word that says so, and when it lies long enough ago in digits or alone on its line. Never
+    /// fails. May be called from several threads at once.
     std::vector<TextRange> find(QStringView line) const;
 };
 

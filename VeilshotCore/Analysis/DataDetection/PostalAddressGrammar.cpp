@@ -61,8 +61,8 @@ QString englishStreet() {
     // A lower-case word behind the type makes it an ordinary noun, unless it goes on in time or space.
     const QString notNoun = uR"((?!\s+[a-zæøå]+\b(?<!\b(?:at|after|before|on|in|until|til|for|and|from))))"_s;
     return notRated + notCounted + houseNumber + uR"(\s+)"_s + optional(compass + uR"(\s+)"_s) + u"(?:"_s +
-           word + uR"(\s+){1,4}?)"_s + type + uR"(\b)"_s + optional(uR"(\s+)"_s + type + uR"(\b)"_s) + notDevice +
-           uR"(\.?(?:\s+)"_s + compass + u")?"_s + notNoun;
+           word + uR"(\s+){1,4}?)"_s + type + uR"(\b)"_s + optional(uR"(\s+)"_s + type + uR"(\b)"_s) +
+           notDevice + uR"(\.?(?:\s+)"_s + compass + u")?"_s + notNoun;
 }
 
 QString broadway() {

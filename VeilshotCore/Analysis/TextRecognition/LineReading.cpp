@@ -118,8 +118,9 @@ void settleSigns(QString& text) {
         uR"((?<![\d-])(?:(?:19|20)\d\d(-)[01]\d(-)[0-3]\d|[0-3]\d(-)[01]\d(-)(?:19|20)\d\d))"
         uR"((?=[T_ ]{1,2}[0-2]?\d[:.][0-5]\d))"
         uR"(|(?<=#)\d+(-)\d+(?![\d-])|(?<![\d+()\p{L}-] ?)[1-9]( )\d{3}( )\d{3}(?![\d()-]| [\d(-]))");
-    static const RegularExpression misreadLetter(uR"((?<=\p{Lu}\p{Ll}{1,20} )(@)(?=\p{Ll}{3,}(?![\p{L}\d_@-]|\.\w)))",
-                                                 RegularExpression::CaseSensitivity::sensitive);
+    static const RegularExpression misreadLetter(
+        uR"((?<=\p{Lu}\p{Ll}{1,20} )(@)(?=\p{Ll}{3,}(?![\p{L}\d_@-]|\.\w)))",
+        RegularExpression::CaseSensitivity::sensitive);
     constexpr QChar nonBreakingHyphen(0x2011);
     constexpr QChar nonBreakingBlank(0x00A0);
     for (const auto& match : joinedDigits.matches(text)) {
@@ -196,8 +197,8 @@ Part whole(const SegmentReading& reading) {
     return {reading, {0, reading.text.size()}};
 }
 
-/// The text of both, `between` them, in which only one of them has boxes: twice, so that a detail that lies in
-/// both is covered where each of its parts stands and not around both.
+/// The text of both, `between` them, in which only one of them has boxes: twice, so that a detail that lies
+/// in both is covered where each of its parts stands and not around both.
 void appendBothWays(std::vector<RecognizedLine>& lines, const Part& first, QChar between, const Part& second,
                     QSize image) {
     QString text = first.text() + between + second.text();
@@ -229,7 +230,8 @@ bool isProse(const SegmentReading& reading) {
     constexpr int leastWidth = 18; // in heights
     static const RegularExpression smallWord(uR"((?<![\p{L}\p{N}])\p{Ll}{2,}(?![\p{L}\p{N}]))",
                                              RegularExpression::CaseSensitivity::sensitive);
-    return reading.box.width() >= leastWidth * reading.box.height() && smallWord.ranges(reading.text).size() >= 3;
+    return reading.box.width() >= leastWidth * reading.box.height() &&
+           smallWord.ranges(reading.text).size() >= 3;
 }
 
 /// Whether the two belong to one wrapped text and may be read across the end of the line. Not with a label in
