@@ -93,6 +93,15 @@ TEST(LineReading, CountsRangesInUtf16AndPlacesBoxesInTheImage) {
     EXPECT_EQ(lines[0].boundingBox(TextRange{1, 1}), lines[0].boundingBox(TextRange{0, 2})); // half an emoji
 }
 
+TEST(LineReading, GivesALetterBackWhatACommaTook) {
+    auto symbols = symbolsOf(u"Lund, Ry"_s, u"Lund, Ry"_s);
+    symbols[3].box.setWidth(2);
+    symbols[4].box.setLeft(symbols[3].box.right());
+    const auto read = readSegment(segmentShowing(u"Lund, Ry"_s), symbols);
+    EXPECT_GE(read.symbols[3].box.right(), 27); // where the letter ends
+    EXPECT_GE(read.symbols[4].box.width(), 1);
+}
+
 SegmentReading reading(const QString& text, const QRect& box) {
     return {text, {{{0, text.size()}, QRectF(box)}}, box};
 }
