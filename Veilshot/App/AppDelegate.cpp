@@ -3,9 +3,14 @@
 #include "Veilshot/App/AppCommands.h"
 #include "Veilshot/App/Scenes.h"
 #include "Veilshot/Features/Editor/EditorStore.h"
+#include "Veilshot/Features/MenuBar/MenuBarView.h"
+#include "Veilshot/Features/Onboarding/OnboardingStore.h"
+#include "Veilshot/Features/QuickPaste/QuickPastePanelController.h"
+#include "Veilshot/Platform/GlobalHotKey.h"
 #include "Veilshot/Platform/MainWindowBridge.h"
+#include "Veilshot/Platform/TrayHost.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QUrl>
 
 using namespace std::chrono_literals;
@@ -14,35 +19,76 @@ namespace Veilshot {
 
 namespace {
 
-AppDelegate* launched = nullptr;
+AppDelegate* current = nullptr;
 
 } // namespace
 
 AppDelegate* AppDelegate::shared() {
-    return launched;
+    return current;
 }
 
 AppDelegate::AppDelegate(const Parts& parts, QObject* parent) : QObject(parent), m_parts(parts) {
-    launched = this;
+    current = this;
     m_lastWindowTimer.setSingleShot(true);
-    m_lastWindowTimer.setInterval(300ms);
+    m_lastWindowTimer.setInterval(500ms);
     connect(&m_lastWindowTimer, &QTimer::timeout, this, &AppDelegate::considerLastWindow);
-    connect(&parts.scenes, &Scenes::allHidden, &m_lastWindowTimer, qOverload<>(&QTimer::start));
+
+    Scenes& scenes = m_parts.scenes;
+    connect(&scenes, &Scenes::visibleChanged, this, [this](Scenes::Id id, bool isVisible) {
+        if (id == Scenes::Id::main && isVisible)
+            m_isMainWindowHeldBack = false;
+        m_lastWindowTimer.start();
+    });
+    connect(&m_parts.trayHost, &TrayHost::isPresentChanged, &m_lastWindowTimer, qOverload<>(&QTimer::start));
+    connect(&m_parts.onboarding, &OnboardingStore::isCompleteChanged, this, &AppDelegate::finishOnboarding);
+
+    const auto openSettings = [&scenes] { scenes.open(Scenes::Id::settings); };
+    const auto quit = [] { QCoreApplication::quit(); };
+    const AppCommands& commands = m_parts.commands;
+    connect(&commands, &AppCommands::quickPasteRequested, this, &AppDelegate::showQuickPaste);
+    connect(&commands, &AppCommands::settingsRequested, this, openSettings);
+    connect(&commands, &AppCommands::aboutRequested, this, [&scenes] { scenes.open(Scenes::Id::about); });
+    connect(&commands, &AppCommands::quitRequested, this, quit);
+    const MenuBarView& menuBar = m_parts.menuBar;
+    connect(&menuBar, &MenuBarView::quickPasteRequested, this, &AppDelegate::showQuickPaste);
+    connect(&menuBar, &MenuBarView::showWindowRequested, &m_parts.mainWindow,
+            &MainWindowBridge::presentMainWindow);
+    connect(&menuBar, &MenuBarView::settingsRequested, this, openSettings);
+    connect(&menuBar, &MenuBarView::quitRequested, this, quit);
 }
 
 AppDelegate::~AppDelegate() {
-    launched = nullptr;
+    current = nullptr;
 }
 
-void AppDelegate::follow(const AppCommands& commands) {
-    Scenes& scenes = m_parts.scenes;
-    connect(&commands, &AppCommands::quickPasteRequested, this, &AppDelegate::showQuickPaste);
-    connect(&commands, &AppCommands::settingsRequested, this, [&] { scenes.open(Scenes::Id::settings); });
-    connect(&commands, &AppCommands::aboutRequested, this, [&] { scenes.open(Scenes::Id::about); });
-    connect(&commands, &AppCommands::quitRequested, this, [] { QCoreApplication::quit(); });
+void AppDelegate::applicationDidFinishLaunching() {
+    m_quickPastePanel = std::make_unique<QuickPastePanelController>(
+        QuickPasteSession::Collaborators{m_parts.store, m_parts.clipboard, m_parts.filePanel,
+                                         &QApplication::beep},
+        m_parts.mainWindow, m_parts.engine);
+    connect(m_quickPastePanel.get(), &QuickPastePanelController::isVisibleChanged, &m_lastWindowTimer,
+            qOverload<>(&QTimer::start));
+    GlobalHotKey::create(
+        this, [this] { showQuickPaste(); },
+        [this](std::unique_ptr<GlobalHotKey> hotKey) {
+            m_globalHotKey = std::move(hotKey);
+            m_shortcut = m_globalHotKey ? WaysBack::Shortcut::working : WaysBack::Shortcut::none;
+            m_lastWindowTimer.start();
+        });
 }
 
-void AppDelegate::showQuickPaste() {}
+void AppDelegate::showQuickPaste() {
+    if (!m_parts.onboarding.isComplete()) {
+        m_parts.onboarding.countShortcutPress();
+        m_parts.mainWindow.presentMainWindow();
+        return;
+    }
+    if (!m_quickPastePanel)
+        return;
+    if (m_parts.mainWindow.isMainWindowVisible())
+        m_isMainWindowHeldBack = true;
+    m_quickPastePanel->show();
+}
 
 void AppDelegate::carryOut(const WindowRequest& request) {
     switch (request.action) {
@@ -61,9 +107,9 @@ void AppDelegate::carryOut(const WindowRequest& request) {
 }
 
 void AppDelegate::considerLastWindow() {
-    if (m_parts.scenes.isAnyVisible())
+    if (isAnyWindowVisible())
         return;
-    switch (planAfterLastWindow({})) {
+    switch (planAfterLastWindow({m_parts.trayHost.isPresent(), m_shortcut, m_isMainWindowHeldBack})) {
     case LastWindowPlan::stay:
     case LastWindowPlan::wait:
         break;
@@ -74,6 +120,17 @@ void AppDelegate::considerLastWindow() {
         QCoreApplication::quit();
         break;
     }
+}
+
+bool AppDelegate::isAnyWindowVisible() const {
+    return m_parts.scenes.isAnyVisible() || (m_quickPastePanel && m_quickPastePanel->isVisible());
+}
+
+void AppDelegate::finishOnboarding() {
+    m_parts.scenes.open(Scenes::Id::main);
+    m_parts.scenes.window(Scenes::Id::onboarding).close();
+    // Once the windows have changed places.
+    QMetaObject::invokeMethod(&m_parts.mainWindow, &MainWindowBridge::showMainWindow, Qt::QueuedConnection);
 }
 
 } // namespace Veilshot

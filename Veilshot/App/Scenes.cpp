@@ -14,10 +14,14 @@ QString source(Scenes::Id id) {
     switch (id) {
     case Scenes::Id::main:
         return u"qrc:/qt/qml/Veilshot/App/Windows/MainWindow.qml"_s;
+    case Scenes::Id::onboarding:
+        return u"qrc:/qt/qml/Veilshot/Features/Onboarding/OnboardingWindow.qml"_s;
     case Scenes::Id::settings:
         return u"qrc:/qt/qml/Veilshot/Features/Settings/SettingsWindow.qml"_s;
     case Scenes::Id::about:
         return u"qrc:/qt/qml/Veilshot/App/Windows/AboutWindow.qml"_s;
+    case Scenes::Id::updates:
+        return u"qrc:/qt/qml/Veilshot/Features/Updates/UpdateWindow.qml"_s;
     }
     return {};
 }
@@ -62,10 +66,8 @@ QQuickWindow& Scenes::make(Id id) {
         qFatal("%s", qPrintable(component.errorString()));
     object.release();
     m_windows[id].reset(window);
-    connect(window, &QWindow::visibleChanged, this, [this](bool isVisible) {
-        if (!isVisible && !isAnyVisible())
-            Q_EMIT allHidden();
-    });
+    connect(window, &QWindow::visibleChanged, this,
+            [this, id](bool isVisible) { Q_EMIT visibleChanged(id, isVisible); });
     return *window;
 }
 

@@ -15,7 +15,7 @@ class Scenes : public QObject {
     Q_OBJECT
 
 public:
-    enum class Id { main, settings, about };
+    enum class Id { main, onboarding, settings, about, updates };
 
     /// `properties` are what the windows need, by name; each gets those that it has. The engine must outlive
     /// the scenes.
@@ -30,8 +30,7 @@ public:
     bool isAnyVisible() const;
 
 Q_SIGNALS:
-    /// The last visible window has been hidden or closed.
-    void allHidden();
+    void visibleChanged(Veilshot::Scenes::Id id, bool isVisible);
 
 private:
     QQuickWindow& make(Id id);

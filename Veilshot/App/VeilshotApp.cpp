@@ -11,13 +11,24 @@
 #include "Veilshot/Features/Editor/ImageImporter.h"
 #include "Veilshot/Features/History/HistoryActions.h"
 #include "Veilshot/Features/History/HistoryStore.h"
+#include "Veilshot/Features/MenuBar/MenuBarView.h"
+#include "Veilshot/Features/Onboarding/OnboardingStore.h"
 #include "Veilshot/Features/Settings/AppearanceSetting.h"
+#include "Veilshot/Features/Updates/CheckForUpdatesViewModel.h"
+#include "Veilshot/Features/Updates/KeptUpdateSchedule.h"
+#include "Veilshot/Platform/Clipboard.h"
+#include "Veilshot/Platform/Clock.h"
 #include "Veilshot/Platform/DesktopColorScheme.h"
+#include "Veilshot/Platform/DesktopMotion.h"
 #include "Veilshot/Platform/FilePanel.h"
 #include "Veilshot/Platform/MainWindowBridge.h"
+#include "Veilshot/Platform/TrayHost.h"
 #include "Veilshot/Platform/UserDefaults.h"
+#include "Veilshot/Updates/UpdateConfiguration.h"
+#include "Veilshot/Updates/Updater.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QIcon>
 #include <QQmlEngine>
 #include <QtQml/QQmlExtensionPlugin>
@@ -41,25 +52,47 @@ int runApplication(ApplicationService& service, const WindowRequest& request) {
     const DesktopColorScheme desktop;
     AppearanceSetting appearance(UserDefaults::standard(), desktop, theme);
 
-    SystemFilePanel filePanel;
+    const SystemClipboard clipboard;
+    FilePanel& filePanel = SystemFilePanel::shared();
     EditorStore& store = EditorStore::shared();
+    OnboardingStore& onboarding = OnboardingStore::shared();
     ImageImporter importer(store, filePanel);
+    const DesktopMotion motion;
     AppCommands commands;
+
+    const SystemClock clock;
+    const auto configuration = UpdateConfiguration::builtIn();
+    Updater updater(configuration, keptUpdateSchedule(UserDefaults::standard(), clock));
+    CheckForUpdatesViewModel updates(updater, QApplication::applicationVersion(), &QDesktopServices::openUrl);
 
     QQmlEngine engine;
     engine.addImportPath(u"qrc:/qt/qml"_s);
     Scenes scenes(engine, {{u"store"_s, QVariant::fromValue(&store)},
                            {u"history"_s, QVariant::fromValue(&HistoryStore::shared())},
                            {u"historyActions"_s, QVariant::fromValue(&HistoryActions::shared())},
+                           {u"onboarding"_s, QVariant::fromValue(&onboarding)},
                            {u"importer"_s, QVariant::fromValue(&importer)},
                            {u"appearance"_s, QVariant::fromValue(&appearance)},
+                           {u"motion"_s, QVariant::fromValue(&motion)},
+                           {u"updates"_s, QVariant::fromValue(&updates)},
                            {u"commands"_s, QVariant::fromValue(&commands)}});
-    MainWindowBridge mainWindow([] { return true; }, [&scenes] { scenes.open(Scenes::Id::main); });
+    MainWindowBridge mainWindow([&onboarding] { return onboarding.isComplete(); },
+                                [&scenes, &onboarding] {
+                                    scenes.open(onboarding.isComplete() ? Scenes::Id::main
+                                                                        : Scenes::Id::onboarding);
+                                });
+    TrayHost trayHost;
+    MenuBarView menuBar(store, trayHost);
 
-    AppDelegate delegate({store, scenes, mainWindow});
-    delegate.follow(commands);
+    AppDelegate delegate(
+        {store, onboarding, clipboard, filePanel, engine, scenes, mainWindow, trayHost, menuBar, commands});
+    delegate.applicationDidFinishLaunching();
     QObject::connect(&service, &ApplicationService::requested, &delegate, &AppDelegate::carryOut);
     delegate.carryOut(request);
+    if (configuration) {
+        scenes.window(Scenes::Id::updates); // shows itself when there is something to show
+        updater.start();
+    }
     return QApplication::exec();
 }
 

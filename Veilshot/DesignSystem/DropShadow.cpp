@@ -25,13 +25,17 @@ QSGNode* DropShadow::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     const bool isSoftware = window()->rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
     const int ratio = isSoftware ? 1 : int(std::ceil(window()->effectiveDevicePixelRatio()));
     const qreal radius = std::min({m_cornerRadius, width() / 2, height() / 2});
-    const ShadowImage shadow = ShadowImage::make(size(), radius, m_blurRadius, m_color, ratio);
-    patch->setTexture(window()->createTextureFromImage(shadow.image));
-    patch->setDevicePixelRatio(ratio);
-    patch->setPadding(shadow.horizontalPadding, shadow.verticalPadding, shadow.horizontalPadding,
-                      shadow.verticalPadding);
-    const qreal margin = shadow.margin;
-    patch->setBounds(boundingRect().adjusted(-margin, -margin, margin, margin).translated(m_offset));
+    const auto source = ShadowImage::Source{size(), radius, m_blurRadius, m_color, ratio}.shortened();
+    if (!node || source != m_source) {
+        const ShadowImage shadow = ShadowImage::make(source);
+        patch->setTexture(window()->createTextureFromImage(shadow.image));
+        patch->setDevicePixelRatio(ratio);
+        patch->setPadding(shadow.horizontalPadding, shadow.verticalPadding, shadow.horizontalPadding,
+                          shadow.verticalPadding);
+        m_source = source;
+        m_margin = shadow.margin;
+    }
+    patch->setBounds(boundingRect().adjusted(-m_margin, -m_margin, m_margin, m_margin).translated(m_offset));
     patch->update();
     return patch;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Veilshot/DesignSystem/ShadowImage.h"
 #include "Veilshot/DesignSystem/Theme.h"
 
 #include <QQuickItem>
@@ -33,6 +34,10 @@ private:
     qreal m_blurRadius = 8;
     QPointF m_offset{0, 4};
     QColor m_color = Theme::floatingShadow();
+
+    // Of what is drawn.
+    ShadowImage::Source m_source{};
+    int m_margin = 0;
 };
 
 } // namespace Veilshot

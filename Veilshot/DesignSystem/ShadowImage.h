@@ -15,10 +15,21 @@ struct ShadowImage {
     int horizontalPadding = 0;
     int verticalPadding = 0;
 
-    /// For a rectangle of `size`. The blur is a Gaussian with half of `blurRadius` as its standard deviation.
-    /// Lengths are in device-independent pixels, of which each is `devicePixelRatio` of the image's.
-    static ShadowImage make(QSizeF size, qreal cornerRadius, qreal blurRadius, const QColor& color,
-                            int devicePixelRatio);
+    /// What the image is made from. Lengths are in device-independent pixels, of which each is
+    /// `devicePixelRatio` of the image's. The blur is a Gaussian with half of `blurRadius` as its standard
+    /// deviation.
+    struct Source {
+        QSizeF size; ///< of the rectangle
+        qreal cornerRadius;
+        qreal blurRadius;
+        QColor color;
+        int devicePixelRatio;
+
+        /// The smallest rectangle with the same image: all that are long enough share one.
+        Source shortened() const;
+        friend bool operator==(const Source&, const Source&) = default;
+    };
+    static ShadowImage make(const Source& source);
 };
 
 } // namespace Veilshot

@@ -44,7 +44,10 @@ int Spring::duration() const {
 
 QEasingCurve Spring::curve() const {
     QEasingCurve curve;
-    curve.setCustomType(m_dampingFraction >= 1 ? progress<&Spring::smooth> : progress<&Spring::snappy>);
+    curve.setCustomType(*this == pressing()   ? progress<&Spring::pressing>
+                        : *this == entrance() ? progress<&Spring::entrance>
+                        : *this == snappy()   ? progress<&Spring::snappy>
+                                              : progress<&Spring::smooth>);
     return curve;
 }
 

@@ -30,6 +30,10 @@ public:
     static constexpr Spring smooth() { return {0.35, 1}; }
     /// Response 0.2 s, a slight overshoot.
     static constexpr Spring snappy() { return {0.2, 0.85}; }
+    /// Response 0.1 s, a slight overshoot: a key going down.
+    static constexpr Spring pressing() { return {0.1, 0.85}; }
+    /// Response 0.7 s, a visible overshoot: something appears.
+    static constexpr Spring entrance() { return {0.7, 0.7}; }
 
     /// How far the motion has come after so many seconds: 0 at the start, 1 at the goal.
     double position(double seconds) const;
@@ -40,6 +44,8 @@ public:
     int duration() const;
     /// Only for the springs named above.
     QEasingCurve curve() const;
+
+    friend constexpr bool operator==(const Spring&, const Spring&) = default;
 
 private:
     double m_response;

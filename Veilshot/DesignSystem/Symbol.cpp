@@ -25,6 +25,12 @@ std::shared_ptr<QSvgRenderer> drawing(const QString& name) {
     return read;
 }
 
+void paintIn(const QColor& color, QSvgRenderer& drawing, QPainter* painter, const QRectF& bounds) {
+    drawing.render(painter, bounds);
+    painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter->fillRect(bounds, color);
+}
+
 #ifndef NDEBUG
 void paintMissing(QPainter* painter, const QRectF& bounds) {
     painter->setPen(QPen(Qt::magenta, 2));
@@ -43,6 +49,17 @@ Symbol::Symbol(QQuickItem* parent) : QQuickPaintedItem(parent) {
 }
 
 Symbol::~Symbol() = default;
+
+QImage Symbol::image(const QString& name, int size, const QColor& color) {
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    if (const auto symbol = drawing(name)) {
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintIn(color, *symbol, &painter, image.rect());
+    }
+    return image;
+}
 
 void Symbol::setName(const QString& name) {
     if (name == m_name)
@@ -63,11 +80,8 @@ void Symbol::setColor(const QColor& color) {
 
 void Symbol::paint(QPainter* painter) {
     const QRectF bounds = boundingRect();
-    if (m_drawing) {
-        m_drawing->render(painter, bounds);
-        painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter->fillRect(bounds, m_color);
-    }
+    if (m_drawing)
+        paintIn(m_color, *m_drawing, painter, bounds);
 #ifndef NDEBUG
     else if (!m_name.isEmpty())
         paintMissing(painter, bounds);

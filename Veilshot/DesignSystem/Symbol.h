@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QQuickPaintedItem>
 #include <QtQmlIntegration>
 #include <memory>
@@ -21,6 +22,10 @@ class Symbol : public QQuickPaintedItem {
 public:
     explicit Symbol(QQuickItem* parent = nullptr);
     ~Symbol() override;
+
+    /// The symbol as a square of that many pixels, for what is no item. Transparent if there is no such
+    /// symbol.
+    static QImage image(const QString& name, int size, const QColor& color);
 
     QString name() const { return m_name; }
     void setName(const QString& name);

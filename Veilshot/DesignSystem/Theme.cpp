@@ -47,6 +47,12 @@ QVariantMap Theme::tints() const {
     return tints;
 }
 
+QEasingCurve Theme::easeInOut() {
+    QEasingCurve curve(QEasingCurve::BezierSpline);
+    curve.addCubicBezierSegment({0.42, 0}, {0.58, 1}, {1, 1});
+    return curve;
+}
+
 QColor Theme::brightened(const QColor& color, double amount) {
     const auto moved = [amount](float component) { return std::clamp(component + float(amount), 0.f, 1.f); };
     return QColor::fromRgbF(moved(color.redF()), moved(color.greenF()), moved(color.blueF()), color.alphaF());

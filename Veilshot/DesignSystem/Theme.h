@@ -66,6 +66,12 @@ class Theme : public QObject {
     Q_PROPERTY(int hoverDuration MEMBER hoverDuration CONSTANT)
     Q_PROPERTY(Veilshot::Spring spring READ spring CONSTANT)
     Q_PROPERTY(Veilshot::Spring snappy READ snappy CONSTANT)
+    Q_PROPERTY(Veilshot::Spring pressing READ pressing CONSTANT)
+    Q_PROPERTY(Veilshot::Spring entrance READ entrance CONSTANT)
+    /// For what goes to and fro, or fades.
+    Q_PROPERTY(QEasingCurve easeInOut READ easeInOut CONSTANT)
+    /// In milliseconds: one page for another where motion is reduced.
+    Q_PROPERTY(int fadeDuration MEMBER fadeDuration CONSTANT)
 
 public:
     /// Not to be constructed without an argument: Qt would then prefer that to `create` and make one of its
@@ -115,9 +121,13 @@ public:
     const int panelPadding = 16;
     const qreal disabledOpacity = 0.4;
     const int hoverDuration = 120;
+    const int fadeDuration = 200;
 
     static Spring spring() { return Spring::smooth(); }
     static Spring snappy() { return Spring::snappy(); }
+    static Spring pressing() { return Spring::pressing(); }
+    static Spring entrance() { return Spring::entrance(); }
+    static QEasingCurve easeInOut();
 
 Q_SIGNALS:
     void isDarkChanged();

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusVariant> // a slot's argument must be a complete type to be connected to a bus
-#include <QObject>
+#include "Veilshot/Platform/PortalSetting.h"
 
-class QDBusMessage;
+#include <QDBusConnection>
+#include <QObject>
 
 namespace Veilshot {
 
@@ -27,17 +26,10 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private Q_SLOTS:
-    void handlePortalChange(const QString& space, const QString& key, const QDBusVariant& value);
-
 private:
-    /// The values of the portal's setting "color-scheme".
-    enum class Preference : uint { none = 0, dark = 1, light = 2 };
-
-    void takeAnswer(const QDBusMessage& answer);
     void update();
 
-    Preference m_preference = Preference::none;
+    PortalSetting m_preference;
     bool m_isDark = false;
 };
 

@@ -5,9 +5,11 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QImageReader>
 #include <QMimeDatabase>
 #include <QStandardPaths>
+#include <QWindow>
 
 namespace Veilshot {
 
@@ -23,6 +25,11 @@ QUrl startFolder(const QUrl& lastFolder) {
     return QUrl::fromLocalFile(QDir::homePath());
 }
 
+/// Of the file itself: who types a path need not be in its folder.
+QUrl folderOf(const QString& path) {
+    return QUrl::fromLocalFile(QFileInfo(path).path());
+}
+
 /// The endings of the files that ImageDecoder reads: one filter for all of them, so that nobody has to know
 /// which.
 QString imageNameFilter() {
@@ -36,7 +43,22 @@ QString imageNameFilter() {
     return QStringLiteral("Images (%1)").arg(patterns.join(u' '));
 }
 
+/// A Qt Quick window cannot be the dialog's parent, but the window manager keeps the dialog above it.
+void placeOverActiveWindow(QFileDialog& dialog) {
+    dialog.winId(); // makes the window
+    dialog.windowHandle()->setTransientParent(QGuiApplication::focusWindow());
+}
+
+bool isAccepted(QFileDialog& dialog) {
+    return dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+}
+
 } // namespace
+
+SystemFilePanel& SystemFilePanel::shared() {
+    static SystemFilePanel panel;
+    return panel;
+}
 
 std::optional<QUrl> SystemFilePanel::chooseDestination(const Destination& destination) {
     QFileDialog dialog(nullptr, destination.title);
@@ -46,10 +68,11 @@ std::optional<QUrl> SystemFilePanel::chooseDestination(const Destination& destin
     dialog.setDefaultSuffix(destination.suffix);
     dialog.setSupportedSchemes({QStringLiteral("file")});
     dialog.setDirectoryUrl(startFolder(m_lastFolder));
+    placeOverActiveWindow(dialog);
     dialog.selectFile(destination.proposedName);
-    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+    while (isAccepted(dialog)) {
         QString path = dialog.selectedFiles().constFirst();
-        m_lastFolder = dialog.directoryUrl();
+        m_lastFolder = folderOf(path);
         if (QFileInfo(path).suffix().compare(destination.suffix, Qt::CaseInsensitive) == 0)
             return QUrl::fromLocalFile(path);
         // The dialog adds the suffix only to a name without any.
@@ -68,10 +91,12 @@ std::optional<QUrl> SystemFilePanel::chooseImage(const QString& title) {
     dialog.setNameFilters({imageNameFilter(), QStringLiteral("All files (*)")});
     dialog.setSupportedSchemes({QStringLiteral("file")});
     dialog.setDirectoryUrl(startFolder(m_lastFolder));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    placeOverActiveWindow(dialog);
+    if (!isAccepted(dialog))
         return std::nullopt;
-    m_lastFolder = dialog.directoryUrl();
-    return QUrl::fromLocalFile(dialog.selectedFiles().constFirst());
+    const QString path = dialog.selectedFiles().constFirst();
+    m_lastFolder = folderOf(path);
+    return QUrl::fromLocalFile(path);
 }
 
 } // namespace Veilshot

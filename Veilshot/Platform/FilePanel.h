@@ -29,14 +29,18 @@ public:
     virtual std::optional<QUrl> chooseImage(const QString& title) = 0;
 };
 
-/// The platform's file dialog, or Qt's where there is none. Needs a QApplication.
+/// The platform's file dialog, or Qt's where there is none, over the window that is active. Needs a
+/// QApplication.
 class SystemFilePanel : public FilePanel {
 public:
+    /// The application's: all its panels open where the last one was left.
+    static SystemFilePanel& shared();
+
     std::optional<QUrl> chooseDestination(const Destination& destination) override;
     std::optional<QUrl> chooseImage(const QString& title) override;
 
 private:
-    /// Where the last file went, so that the next panel opens there.
+    /// Where the last file was, so that the next panel opens there.
     QUrl m_lastFolder;
 };
 

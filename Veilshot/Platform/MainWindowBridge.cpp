@@ -1,5 +1,7 @@
 #include "Veilshot/Platform/MainWindowBridge.h"
 
+#include "Veilshot/Platform/WindowSystem.h"
+
 #include <QGuiApplication>
 #include <QWindow>
 #include <algorithm>
@@ -42,8 +44,7 @@ bool MainWindowBridge::showMainWindow() {
     if (window->windowStates().testFlag(Qt::WindowMinimized))
         window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
     window->setVisible(true); // not show(), which would undo a maximized window
-    window->raise();
-    window->requestActivate();
+    WindowSystem::activate(*window);
     return true;
 }
 

@@ -12,6 +12,7 @@ MenuBar {
     required property EditorStore store
     required property ImageImporter importer
     required property AppCommands commands
+    required property CheckForUpdatesViewModel updates
 
     signal closeRequested
 
@@ -89,6 +90,11 @@ MenuBar {
         ContextMenuItem {
             text: "About Veilshot"
             onTriggered: menu.commands.aboutRequested()
+        }
+        ContextMenuItem {
+            text: "Check for Updates…"
+            enabled: menu.updates.canCheckForUpdates
+            onTriggered: menu.updates.checkForUpdates()
         }
     }
 }

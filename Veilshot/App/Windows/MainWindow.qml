@@ -17,6 +17,7 @@ Window {
     required property HistoryActions historyActions
     required property ImageImporter importer
     required property AppCommands commands
+    required property CheckForUpdatesViewModel updates
 
     width: 1080
     height: 720
@@ -49,6 +50,7 @@ Window {
         store: window.store
         importer: window.importer
         commands: window.commands
+        updates: window.updates
         onCloseRequested: window.close()
     }
 

@@ -58,8 +58,17 @@ BaseButton {
         }
     }
 
+    // A disabled item hears nothing of the pointer, but its help is wanted all the more.
+    HoverHandler {
+        id: neighbourhood
+
+        readonly property bool isOverButton: hovered && button.contains(button.mapFromItem(parent, point.position))
+
+        parent: button.parent
+    }
+
     ToolTip {
-        visible: button.hovered || button.visualFocus
+        visible: neighbourhood.isOverButton || button.visualFocus
         text: button.helpText || button.label
     }
 }

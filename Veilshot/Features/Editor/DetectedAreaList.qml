@@ -17,7 +17,7 @@ ColumnLayout {
     onVisibleChanged: isExpanded = false
 
     DisclosureButton {
-        text: list.isExpanded ? "Hide areas" : "Review " + list.presenter.detectedCount + " areas"
+        text: list.isExpanded ? "Hide areas" : list.presenter.reviewTitle
         isExpanded: list.isExpanded
         onClicked: list.isExpanded = !list.isExpanded
     }

@@ -6,7 +6,7 @@ import Veilshot.DesignSystem
 import Veilshot.Features
 
 /// One detected area. The pointer over it, or the keyboard's focus, marks the area on the image.
-Item {
+SingleActionItem {
     id: row
 
     required property EditorStore store
@@ -16,11 +16,21 @@ Item {
     required property string singularLabel
     required property string locationLabel
 
-    readonly property bool isMarked: hover.hovered || unblur.activeFocus
+    readonly property bool isMarked: hover.hovered || activeFocus
+
+    label: singularLabel + ", " + locationLabel
+    actionName: "Unblur"
+    actionDescription: "Stop hiding this area"
+    onActionTriggered: {
+        // The row goes; the keyboard shall not start from the top again.
+        if (activeFocus)
+            nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason);
+        row.store.removeDetectedRegion(row.regionID);
+    }
 
     implicitHeight: 26
+    activeFocusOnTab: true
     Accessible.role: Accessible.ListItem
-    Accessible.name: singularLabel + ", " + locationLabel
     onIsMarkedChanged: {
         if (isMarked)
             row.presenter.enterRegion(row.regionID);
@@ -35,7 +45,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        radius: 5
+        radius: Theme.rowRadius
         color: Theme.elevated
         opacity: row.isMarked ? 1 : 0
     }
@@ -53,7 +63,6 @@ Item {
         InspectorText {
             text: row.singularLabel
             font.pixelSize: Theme.fontLabel
-            Accessible.ignored: true
         }
 
         InspectorText {
@@ -62,28 +71,27 @@ Item {
             color: Theme.textTertiary
             font.pixelSize: Theme.fontLabel
             elide: Text.ElideRight
-            Accessible.ignored: true
         }
 
         PlainButton {
             id: unblur
-            text: "Unblur"
-            Accessible.description: tip.text
+            text: row.actionName
             font.pixelSize: Theme.fontLabel
-            // Not hidden from assistive tools, which point at nothing.
-            color: row.isMarked ? Theme.textSecondary : "transparent"
-            onClicked: {
-                // The row goes; the keyboard shall not start from the top again.
-                if (visualFocus)
-                    nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason);
-                row.store.removeDetectedRegion(row.regionID);
-            }
+            color: Theme.textSecondary
+            visible: row.isMarked
+            focusPolicy: Qt.NoFocus
+            onClicked: row.actionTriggered()
 
             ToolTip {
-                id: tip
-                visible: unblur.hovered || unblur.visualFocus
-                text: "Stop hiding this area"
+                visible: unblur.hovered
+                text: row.actionDescription
             }
         }
+    }
+
+    FocusRing {
+        visible: row.activeFocus
+        cornerRadius: Theme.rowRadius
+        anchors.margins: -1
     }
 }

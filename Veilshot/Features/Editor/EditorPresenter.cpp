@@ -60,6 +60,10 @@ int EditorPresenter::detectedCount() const {
     return m_store ? int(m_store->detectedRegions().size()) : 0;
 }
 
+QString EditorPresenter::reviewTitle() const {
+    return InspectorTexts::reviewTitle(detectedCount());
+}
+
 int EditorPresenter::removedCount() const {
     return m_store ? int(m_store->removedDetectedRegions().size()) : 0;
 }
@@ -136,13 +140,15 @@ bool EditorPresenter::isStatusBusy() const {
 }
 
 void EditorPresenter::enterRegion(QUuid id) {
+    m_enteredRegions.push_back(id);
     if (m_store)
         m_store->setHighlightedRegionID(id);
 }
 
 void EditorPresenter::leaveRegion(QUuid id) {
+    m_enteredRegions.removeOne(id);
     if (m_store && m_store->highlightedRegionID() == id)
-        m_store->setHighlightedRegionID({});
+        m_store->setHighlightedRegionID(m_enteredRegions.value(m_enteredRegions.size() - 1));
 }
 
 void EditorPresenter::scanAgain() {

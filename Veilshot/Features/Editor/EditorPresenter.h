@@ -27,7 +27,7 @@ public:
     friend bool operator==(const CategoryLine&, const CategoryLine&) = default;
 };
 
-/// What the editor's views show of the stores, in words and numbers. It has no state of its own.
+/// What the editor's views show of the stores, in words and numbers.
 class EditorPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -44,6 +44,7 @@ class EditorPresenter : public QObject {
     Q_PROPERTY(QList<Veilshot::CategoryLine> categories READ categories NOTIFY changed)
     Q_PROPERTY(QString detectedStatus READ detectedStatus NOTIFY changed)
     Q_PROPERTY(int detectedCount READ detectedCount NOTIFY changed)
+    Q_PROPERTY(QString reviewTitle READ reviewTitle NOTIFY changed)
     Q_PROPERTY(int removedCount READ removedCount NOTIFY changed)
     Q_PROPERTY(int customCount READ customCount NOTIFY changed)
     Q_PROPERTY(QString customCountText READ customCountText NOTIFY changed)
@@ -75,6 +76,7 @@ public:
     QList<CategoryLine> categories() const;
     QString detectedStatus() const;
     int detectedCount() const;
+    QString reviewTitle() const;
     int removedCount() const;
     int customCount() const;
     QString customCountText() const;
@@ -94,7 +96,9 @@ public:
 
     /// Scans the image on screen once more.
     Q_INVOKABLE void scanAgain();
-    /// Marks the area on the image, or takes the mark away unless it has gone to another area since.
+    /// Marks the area on the image, or takes the mark away unless it has gone to another area since. It goes
+    /// back to an area that was entered before and not left: where the keyboard is while the pointer passes
+    /// others.
     Q_INVOKABLE void enterRegion(QUuid id);
     Q_INVOKABLE void leaveRegion(QUuid id);
 
@@ -108,6 +112,7 @@ private:
     QPointer<EditorStore> m_store;
     QPointer<HistoryStore> m_history;
     bool m_isDropTargeted = false;
+    QList<QUuid> m_enteredRegions; ///< the latest last
 };
 
 } // namespace Veilshot

@@ -71,11 +71,10 @@ EditorStore::~EditorStore() = default;
 
 EditorStore& EditorStore::shared() {
     static SystemClipboard clipboard;
-    static SystemFilePanel filePanel;
     static const SystemClock clock;
     static EditorStore& instance = []() -> EditorStore& {
-        auto& store =
-            *new EditorStore(&HistoryStore::shared(), Collaborators::real(clipboard, filePanel, clock));
+        auto& store = *new EditorStore(&HistoryStore::shared(),
+                                       Collaborators::real(clipboard, SystemFilePanel::shared(), clock));
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, &store, [&store] {
             store.finishExports();
             HistoryStore::shared().finishRecordings();
@@ -165,8 +164,7 @@ bool EditorStore::load(const ItemProviders& providers, std::function<void()> onL
             self->setErrorMessage(*error);
             return;
         }
-        const QImage& bitmap = std::get<QImage>(item);
-        self->beginSession(DisplayImage(bitmap, bitmap.deviceIndependentSize()), request);
+        self->load(std::get<QImage>(item), request);
         if (onLoad)
             onLoad();
     };
@@ -181,16 +179,20 @@ void EditorStore::pasteFromClipboard() {
                     u"The clipboard doesn’t contain an image. Copy a screenshot first, then try again."_s);
 }
 
+bool EditorStore::load(const QImage& bitmap, Request request) {
+    if (request < m_shownRequest)
+        return false;
+    beginSession(DisplayImage(bitmap, bitmap.deviceIndependentSize()), request);
+    return true;
+}
+
 void EditorStore::loadWhenDecoded(const QFuture<std::optional<QImage>>& decoding, const QString& failure) {
-    whenDone(decoding, this,
-             [this, failure, request = ++m_latestRequest](const std::optional<QImage>& image) {
-                 if (request < m_shownRequest)
-                     return;
-                 if (image)
-                     beginSession(DisplayImage(*image, image->deviceIndependentSize()), request);
-                 else
-                     setErrorMessage(failure);
-             });
+    whenDone(decoding, this, [this, failure, request = makeRequest()](const std::optional<QImage>& image) {
+        if (image)
+            load(*image, request);
+        else if (request >= m_shownRequest)
+            setErrorMessage(failure);
+    });
 }
 
 void EditorStore::beginSession(const DisplayImage& image, Request request) {

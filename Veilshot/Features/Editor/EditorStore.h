@@ -137,6 +137,14 @@ public:
     bool load(const ItemProviders& providers, std::function<void()> onLoad);
     Q_INVOKABLE void pasteFromClipboard();
 
+    /// A place in the order in which pictures are asked for.
+    using Request = quint64;
+    /// For who fetches a picture itself: taken when it is asked for, and given back with it.
+    Request makeRequest() { return ++m_latestRequest; }
+    /// Starts a session with the bitmap (see ImageDecoder) unless a later picture came before. False if one
+    /// did.
+    bool load(const QImage& bitmap, Request request);
+
     /// Takes a detected area off the list; an id of another area does nothing.
     Q_INVOKABLE void removeDetectedRegion(QUuid id);
     Q_INVOKABLE void restoreLastRemovedRegion();
@@ -199,7 +207,6 @@ private:
     void render(Fields& fields) const;
     void publishRendered(Fields next);
 
-    using Request = quint64;
     void loadWhenDecoded(const QFuture<std::optional<QImage>>& decoding, const QString& failure);
     void beginSession(const DisplayImage& image, Request request);
     void startScan(const QImage& bitmap);

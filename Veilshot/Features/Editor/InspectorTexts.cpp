@@ -33,6 +33,10 @@ QString InspectorTexts::detectedStatus(const Context& context) {
     return context.removedCount > 0 ? u"You removed every detected area."_s : u"No personal details found."_s;
 }
 
+QString InspectorTexts::reviewTitle(qint64 count) {
+    return u"Review %1 areas"_s.arg(count);
+}
+
 QString InspectorTexts::customRegionCount(qint64 count) {
     return count == 1 ? u"1 region"_s : u"%1 regions"_s.arg(count);
 }

@@ -18,6 +18,8 @@ QString summaryTitle(const Context& context);
 QString summarySubtitle(const Context& context);
 /// In place of the counts, when there is nothing to count.
 QString detectedStatus(const Context& context);
+/// Of the list of detected areas while it is collapsed. One form for every count.
+QString reviewTitle(qint64 count);
 /// "1 region", "2 regions".
 QString customRegionCount(qint64 count);
 QString privacyNote(bool isHistoryEnabled);

@@ -34,7 +34,7 @@ Rectangle {
 
             onFocusItemChanged: {
                 // The pointer only gets at what can be seen.
-                if ((focusItem as T.Control)?.visualFocus)
+                if ((focusItem as T.Control)?.visualFocus || focusItem as DetectedAreaRow)
                     reveal(focusItem);
             }
 

@@ -20,6 +20,11 @@ Item {
         easing: Theme.spring.curve
     }
 
+    component Snap: NumberAnimation {
+        duration: Theme.snappy.duration
+        easing: Theme.snappy.curve
+    }
+
     component Highlight: AreaMark {
         required property string kind
         required property rect normalizedRect
@@ -135,19 +140,57 @@ Item {
 
                 Repeater {
                     model: RegionListModel { store: root.store }
+                    onItemRemoved: (index, item) => farewell.takeOver(item as AreaMark)
 
                     Highlight {
                         required property bool isHighlighted
 
                         opacity: isHighlighted ? 1 : 0
-                        scale: isHighlighted ? 1 : 1.04
+                        scale: isHighlighted ? 1 : farewell.farScale
                         visible: opacity > 0
 
-                        Behavior on opacity {
-                            NumberAnimation { duration: Theme.snappy.duration; easing: Theme.snappy.curve }
+                        Behavior on opacity { Snap {} }
+                        Behavior on scale { Snap {} }
+                    }
+                }
+
+                // An area that is removed while it is highlighted takes its item with it.
+                AreaMark {
+                    id: farewell
+
+                    readonly property real farScale: 1.04
+
+                    style: AreaMark.Style.Highlight
+                    frameSize: frame.size
+                    frameRadius: protectedView.cornerRadius
+                    opacity: 0
+                    visible: opacity > 0
+
+                    function takeOver(removed: AreaMark) {
+                        if (removed.opacity === 0)
+                            return;
+                        area = removed.area;
+                        fill = removed.fill;
+                        line = removed.line;
+                        fading.from = removed.opacity;
+                        growing.from = removed.scale;
+                        going.restart();
+                    }
+
+                    ParallelAnimation {
+                        id: going
+
+                        Snap {
+                            id: fading
+                            target: farewell
+                            property: "opacity"
+                            to: 0
                         }
-                        Behavior on scale {
-                            NumberAnimation { duration: Theme.snappy.duration; easing: Theme.snappy.curve }
+                        Snap {
+                            id: growing
+                            target: farewell
+                            property: "scale"
+                            to: farewell.farScale
                         }
                     }
                 }

@@ -105,7 +105,7 @@ FocusScope {
             }
 
             Caption {
-                text: "When you copy or export an image, its protected version is saved on this Mac. Originals are never saved. The last " + view.history.limit + " are kept."
+                text: SettingsTexts.historyNote(view.history.limit)
             }
         }
 
@@ -132,7 +132,7 @@ FocusScope {
                 textColor: Theme.danger
                 enabled: view.history.count > 0
                 onClicked: {
-                    confirmation.message = "This deletes the " + view.history.count + " protected images saved on this Mac.";
+                    confirmation.message = SettingsTexts.clearMessage(view.history.count);
                     confirmation.open();
                 }
             }

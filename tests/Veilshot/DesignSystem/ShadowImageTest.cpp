@@ -8,7 +8,7 @@ namespace {
 
 TEST(ShadowImage, FadesAtItsEdgeAsAGaussianOfHalfTheRadius) {
     for (int ratio : {1, 2}) {
-        const ShadowImage shadow = ShadowImage::make({100, 60}, 6, 8, QColor(255, 0, 0, 128), ratio);
+        const ShadowImage shadow = ShadowImage::make({{100, 60}, 6, 8, QColor(255, 0, 0, 128), ratio});
         const int middle = shadow.image.width() / 2;
         for (int row = 0; row <= 2 * shadow.margin * ratio; ++row) {
             const double inside = (row + 0.5) / ratio - shadow.margin;
@@ -21,7 +21,7 @@ TEST(ShadowImage, FadesAtItsEdgeAsAGaussianOfHalfTheRadius) {
 
 TEST(ShadowImage, StretchesWhereItIsLongAndFitsWhereItIsShort) {
     const auto make = [](qreal width, qreal height) {
-        return ShadowImage::make({width, height}, height / 2, 8, Qt::black, 1);
+        return ShadowImage::make({{width, height}, height / 2, 8, Qt::black, 1});
     };
     EXPECT_EQ(make(100, 28).image, make(2000, 28).image);
     const ShadowImage pill = make(100, 28);

@@ -13,7 +13,8 @@ TEST(Spring, MovesLikeAMassOnADampedSpring) {
         double response, dampingFraction;
     };
     for (const auto& [spring, response, dampingFraction] :
-         {Case{Spring::smooth(), 0.35, 1}, Case{Spring::snappy(), 0.2, 0.85}}) {
+         {Case{Spring::smooth(), 0.35, 1}, Case{Spring::snappy(), 0.2, 0.85},
+          Case{Spring::pressing(), 0.1, 0.85}, Case{Spring::entrance(), 0.7, 0.7}}) {
         const double frequency = 2 * std::numbers::pi / response;
         const double settlingTime = spring.settlingTime();
         constexpr double step = 1e-5;

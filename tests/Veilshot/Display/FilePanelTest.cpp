@@ -11,8 +11,10 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QWindow>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -33,37 +35,19 @@ struct SavePanel : testing::Test {
         QTimer::singleShot(0, qApp, actions);
         return ImageTransfer::chooseExportURL(panel);
     }
-
     static QFileDialog& dialog() { return *qobject_cast<QFileDialog*>(QApplication::activeModalWidget()); }
-
     static QLineEdit& nameField() { return *dialog().findChild<QLineEdit*>(u"fileNameEdit"_s); }
-
     static void press(QDialogButtonBox::StandardButton button) {
         dialog().findChild<QDialogButtonBox*>(u"buttonBox"_s)->button(button)->click();
     }
-
     void save(const QString& name) const {
         dialog().setDirectory(folder.path());
         nameField().setText(name);
         press(QDialogButtonBox::Save);
     }
-
-    /// Presses Save, and the answer if asked whether to replace a file. True if asked.
-    static bool saveAndAnswer(QMessageBox::StandardButton answer) {
-        bool asked = false;
-        const QObject scope;
-        QTimer::singleShot(0, &scope, [&] {
-            if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                asked = true;
-                question->button(answer)->click();
-            }
-        });
-        press(QDialogButtonBox::Save);
-        return asked;
-    }
 };
 
-TEST_F(SavePanel, ProposesAPngFile) {
+TEST_F(SavePanel, ReturnsAPngFileWhateverIsTypedAndAsksBeforeAnyIsReplaced) {
     EXPECT_EQ(choose([] {
                   EXPECT_EQ(dialog().windowTitle(), u"Export Protected Screenshot");
                   EXPECT_EQ(dialog().acceptMode(), QFileDialog::AcceptSave);
@@ -73,48 +57,59 @@ TEST_F(SavePanel, ProposesAPngFile) {
                   press(QDialogButtonBox::Cancel);
               }),
               std::nullopt);
-}
-
-TEST_F(SavePanel, ReturnsAPngFileWhateverWasTyped) {
     const std::pair<QString, QString> names[]{{u"shot"_s, u"shot.png"_s},
                                               {u"shot.png"_s, u"shot.png"_s},
                                               {u"shot.PNG"_s, u"shot.PNG"_s},
                                               {u"shot.jpg"_s, u"shot.jpg.png"_s}};
     for (const auto& [typed, name] : names)
         EXPECT_EQ(choose([&] { save(typed); }), urlOf(name)) << typed.toStdString();
-}
 
-TEST_F(SavePanel, OpensWhereTheLastFileWentOrElseInAFolderThatExists) {
-    const auto expectFolder = [&](const QString& path) {
-        choose([&] {
-            EXPECT_EQ(dialog().directory(), QDir(path));
-            press(QDialogButtonBox::Cancel);
-        });
-    };
-    expectFolder(QDir::homePath()); // which has no Pictures folder
-    choose([&] { save(u"shot"_s); });
-    expectFolder(folder.path());
-    ASSERT_TRUE(folder.remove());
-    expectFolder(QDir::homePath());
-}
-
-TEST_F(SavePanel, AsksBeforeAFileIsReplacedThatOnlyTheAddedSuffixNames) {
-    QFile file(folder.filePath(u"shot.jpg.png"_s));
+    QFile file(folder.filePath(u"shot.jpg.png"_s)); // which only the added suffix names
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
         const QObject scope;
+        bool isAsked = false;
         const auto chosen = choose([&] {
             QTimer::singleShot(0, &scope, [&] { // when the panel is back
                 EXPECT_EQ(nameField().text(), u"shot.jpg.png");
-                EXPECT_TRUE(saveAndAnswer(answer));
+                QTimer::singleShot(0, &scope, [&] {
+                    if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                        isAsked = true;
+                        question->button(answer)->click();
+                    }
+                });
+                press(QDialogButtonBox::Save);
                 if (QApplication::activeModalWidget()) // still
                     press(QDialogButtonBox::Cancel);
             });
             save(u"shot.jpg"_s);
         });
-        EXPECT_EQ(chosen,
-                  answer == QMessageBox::Yes ? std::optional(urlOf(u"shot.jpg.png"_s)) : std::nullopt);
+        EXPECT_TRUE(isAsked);
+        EXPECT_EQ(chosen.has_value(), answer == QMessageBox::Yes);
     }
+}
+
+TEST_F(SavePanel, OpensOverTheActiveWindowWhereTheLastFileWentOrElseInAFolderThatExists) {
+    QWindow window;
+    window.show();
+    window.requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto expectFolder = [&](const QString& path) {
+        choose([&] {
+            EXPECT_EQ(dialog().directory(), QDir(path));
+            EXPECT_EQ(dialog().windowHandle()->transientParent(), &window);
+            press(QDialogButtonBox::Cancel);
+        });
+        window.requestActivate(); // there is no window manager to do it
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    };
+    expectFolder(QDir::homePath()); // which has no Pictures folder
+    choose([&] { save(u"shot"_s); });
+    window.requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    expectFolder(folder.path());
+    ASSERT_TRUE(folder.remove());
+    expectFolder(QDir::homePath());
 }
 
 } // namespace

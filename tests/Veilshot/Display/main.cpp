@@ -1,3 +1,5 @@
+#include "tests/Veilshot/Platform/PrivateBus.h"
+
 #include <QApplication>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -63,6 +65,8 @@ int main(int argumentCount, char** arguments) {
         return 1;
     }
     qputenv("DISPLAY", display);
+    const Veilshot::PrivateBus bus;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "xcb");
     // The same panels on every desktop.
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

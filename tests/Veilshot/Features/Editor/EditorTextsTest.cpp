@@ -50,6 +50,13 @@ TEST(InspectorTexts, SayWhereTheSessionStands) {
     }
 }
 
+TEST(InspectorTexts, CountAreas) {
+    EXPECT_EQ(InspectorTexts::reviewTitle(1), u"Review 1 areas"_s) << "one form for every count";
+    EXPECT_EQ(InspectorTexts::reviewTitle(1200), u"Review 1200 areas"_s);
+    EXPECT_EQ(InspectorTexts::customRegionCount(1), u"1 region"_s);
+    EXPECT_EQ(InspectorTexts::customRegionCount(1200), u"1200 regions"_s);
+}
+
 TEST(CanvasStatus, ShowsTheMostPressingThing) {
     CanvasStatus::Context context{.isDropTargeted = true,
                                   .stage = Stage::Scanning,

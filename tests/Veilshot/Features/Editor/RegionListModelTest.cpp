@@ -1,5 +1,6 @@
 #include "Veilshot/Features/Editor/RegionListModel.h"
 
+#include "Veilshot/Features/Editor/EditorPresenter.h"
 #include "Veilshot/Features/Editor/RegionReveal.h"
 #include "tests/Veilshot/Features/Editor/PreparedStore.h"
 
@@ -74,6 +75,20 @@ TEST_F(RegionListModelTest, AnnouncesWhichAreaIsHighlighted) {
     EXPECT_FALSE(value(1, RegionListModel::IsHighlighted).toBool());
     EXPECT_TRUE(value(2, RegionListModel::IsHighlighted).toBool());
     EXPECT_THAT(changed, ElementsAre(1, 1, 2));
+}
+
+TEST_F(RegionListModelTest, HighlightsTheAreaThatWasEnteredLastAndNotLeft) {
+    EditorPresenter presenter;
+    presenter.setStore(&*store);
+    presenter.enterRegion(name.id()); // by the keyboard, while the pointer passes two others
+    presenter.enterRegion(email.id());
+    presenter.enterRegion(phone.id());
+    presenter.leaveRegion(email.id());
+    EXPECT_EQ(store->highlightedRegionID(), phone.id());
+    presenter.leaveRegion(phone.id());
+    EXPECT_EQ(store->highlightedRegionID(), name.id());
+    presenter.leaveRegion(name.id());
+    EXPECT_EQ(store->highlightedRegionID(), QUuid());
 }
 
 TEST_F(RegionListModelTest, RevealsWhatAScanHasFound) {

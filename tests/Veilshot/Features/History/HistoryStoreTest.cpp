@@ -38,6 +38,7 @@ struct HistoryStoreTest : testing::Test {
     std::optional<QUuid> record(std::optional<QUuid> replacing = std::nullopt) {
         return finished(store.record(image, 3, replacing));
     }
+    HistoryStore restarted() { return HistoryStore(store.directory(), defaults, clock); }
 
     QByteArray index() const {
         QFile file(indexPath);
@@ -51,27 +52,22 @@ struct HistoryStoreTest : testing::Test {
         return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
     static QString idText(QUuid id) { return id.toString(QUuid::WithoutBraces).toUpper(); }
-    /// The names of everything that belongs to the copies, in the order of `files`.
+    /// The names of everything that belongs to the copies, and of these, in the order of `files`.
     static QStringList filesOf(const std::vector<QUuid>& ids, QStringList others = {u"history.json"_s}) {
         for (const QUuid& id : ids)
             others << idText(id) + u"-thumb.png"_s << idText(id) + u".png"_s;
         others.sort(Qt::CaseInsensitive);
         return others;
     }
-    static std::vector<QUuid> ids(const HistoryStore::Entries& entries) {
+    static std::vector<QUuid> ids(const HistoryStore& store) {
         std::vector<QUuid> result;
-        std::ranges::transform(entries, std::back_inserter(result), &HistoryEntry::id);
+        std::ranges::transform(store.entries(), std::back_inserter(result), &HistoryEntry::id);
         return result;
-    }
-    HistoryStore::Entries entriesAfterRestart() {
-        return HistoryStore(store.directory(), defaults, clock).entries();
     }
 };
 
 TEST_F(HistoryStoreTest, WritesNothingBeforeTheFirstCopyAndThatForTheOwnerAlone) {
-    EXPECT_TRUE(store.entries().empty());
-    EXPECT_TRUE(store.isEnabled());
-    EXPECT_TRUE(QDir(temporary.path()).isEmpty());
+    EXPECT_TRUE(store.entries().empty() && QDir(temporary.path()).isEmpty());
 
     ASSERT_TRUE(QDir().mkdir(parent, QFile::Permissions(0x7055)));
     const QImage wide = ImageSamples::gradient({1000, 500});
@@ -91,7 +87,7 @@ TEST_F(HistoryStoreTest, WritesNothingBeforeTheFirstCopyAndThatForTheOwnerAlone)
     EXPECT_EQ(decoded(store.thumbnailURL(store.entries().at(0))).size(), QSize(480, 240));
 }
 
-TEST_F(HistoryStoreTest, ListsTheNewestFirstInAnIndexOfExactlyThisText) {
+TEST_F(HistoryStoreTest, StartsWithTheCopiesOfAnIndexOfExactlyThisText) {
     const auto first = record();
     clock.advance(std::chrono::milliseconds(1500));
     const auto second = finished(store.record(ImageSamples::gradient({7, 8}), 0, std::nullopt));
@@ -100,7 +96,17 @@ TEST_F(HistoryStoreTest, ListsTheNewestFirstInAnIndexOfExactlyThisText) {
         u"[{\"id\":\"%1\",\"createdAt\":811692801.623,\"regionCount\":0,\"pixelWidth\":7,\"pixelHeight\":8},"
         u"{\"id\":\"%2\",\"createdAt\":811692800.123,\"regionCount\":3,\"pixelWidth\":40,\"pixelHeight\":30}]"_s;
     EXPECT_EQ(QString::fromUtf8(index()), text.arg(idText(*second), idText(*first)));
-    EXPECT_EQ(entriesAfterRestart(), store.entries());
+    EXPECT_EQ(restarted().entries(), store.entries());
+
+    ASSERT_TRUE(QFile::remove(store.imageURL(store.entries().at(1)).toLocalFile()));
+    ASSERT_TRUE(QFile::remove(store.thumbnailURL(store.entries().at(0)).toLocalFile()));
+    const QByteArray before = index();
+    const QStringList filesBefore = files();
+    EXPECT_THAT(ids(restarted()), ElementsAre(*second));
+    EXPECT_EQ(index(), before);
+    writeFile(indexPath, before.chopped(1));
+    EXPECT_TRUE(restarted().entries().empty());
+    EXPECT_EQ(files(), filesBefore);
 }
 
 TEST_F(HistoryStoreTest, KeepsThirtyCopies) {
@@ -111,20 +117,19 @@ TEST_F(HistoryStoreTest, KeepsThirtyCopies) {
     for (int i = 0; i < 32; ++i)
         expected.insert(expected.begin(), record().value());
     expected.resize(30);
-    EXPECT_EQ(ids(store.entries()), expected);
+    EXPECT_EQ(ids(store), expected);
     EXPECT_EQ(files(), filesOf(expected));
-    EXPECT_EQ(entriesAfterRestart(), store.entries());
+    EXPECT_EQ(restarted().entries(), store.entries());
     EXPECT_EQ(announced.size(), 32u);
-    EXPECT_EQ(*std::ranges::max_element(announced), 30u);
+    EXPECT_EQ(std::ranges::max(announced), 30u);
 }
 
 TEST_F(HistoryStoreTest, ReplacesACopyOnlyByOneThatIsWritten) {
     const QUuid oldest = record().value(), middle = record().value(), newest = record().value();
     const QUuid replacement = record(middle).value();
-    EXPECT_THAT(ids(store.entries()), ElementsAre(replacement, newest, oldest));
     EXPECT_EQ(files(), filesOf({replacement, newest, oldest}));
-    const QUuid another = record(middle).value();
-    EXPECT_THAT(ids(store.entries()), ElementsAre(another, replacement, newest, oldest));
+    const QUuid another = record(middle).value(); // which is gone already
+    EXPECT_THAT(ids(store), ElementsAre(another, replacement, newest, oldest));
 
     // A file where the folder should be keeps even the superuser from writing.
     const HistoryStore::Entries before = store.entries();
@@ -133,8 +138,8 @@ TEST_F(HistoryStoreTest, ReplacesACopyOnlyByOneThatIsWritten) {
     EXPECT_EQ(record(newest), std::nullopt);
     EXPECT_EQ(store.entries(), before);
     ASSERT_TRUE(QFile::remove(folder) && QDir().rename(parent + u"/elsewhere"_s, folder));
-    EXPECT_EQ(entriesAfterRestart(), before);
-    EXPECT_EQ(files(), filesOf(ids(before)));
+    EXPECT_EQ(restarted().entries(), before);
+    EXPECT_EQ(files(), filesOf(ids(store)));
 }
 
 TEST_F(HistoryStoreTest, DeletesWhatItListsAndNothingElse) {
@@ -147,7 +152,7 @@ TEST_F(HistoryStoreTest, DeletesWhatItListsAndNothingElse) {
     const QUuid kept = record().value();
     writeFile(folder + u"/a-note.png"_s, "somebody's");
     store.deleteEntry(store.entries().at(1));
-    EXPECT_THAT(ids(store.entries()), ElementsAre(kept));
+    EXPECT_THAT(ids(store), ElementsAre(kept));
     EXPECT_EQ(index().count("createdAt"), 1);
     EXPECT_EQ(files(), filesOf({kept}, {u"a-note.png"_s, u"history.json"_s}));
     store.clear();
@@ -160,50 +165,33 @@ TEST_F(HistoryStoreTest, ListsEachOfSeveralRecordingsUnderWay) {
     const auto first = store.record(image, 1, std::nullopt), second = store.record(image, 2, std::nullopt);
     EXPECT_TRUE(store.entries().empty());
     const QUuid firstID = finished(first).value(), secondID = finished(second).value();
-    EXPECT_THAT(ids(store.entries()), testing::UnorderedElementsAre(firstID, secondID));
+    EXPECT_THAT(ids(store), testing::UnorderedElementsAre(firstID, secondID));
 
     // At the end of the application no event loop runs any more.
     const auto third = store.record(image, 3, std::nullopt), fourth = store.record(image, 4, std::nullopt);
     store.finishRecordings();
     ASSERT_TRUE(third.isFinished() && fourth.isFinished());
-    EXPECT_THAT(ids(store.entries()), ElementsAre(*fourth.result(), *third.result(), testing::_, testing::_));
-    EXPECT_EQ(entriesAfterRestart(), store.entries());
     QCoreApplication::processEvents();
-    EXPECT_EQ(store.entries().size(), 4u);
+    EXPECT_THAT(ids(store), ElementsAre(*fourth.result(), *third.result(), testing::_, testing::_));
+    EXPECT_EQ(restarted().entries(), store.entries());
 
-    HistoryStore(store.directory(), defaults, clock).record(image, 5, std::nullopt);
-    EXPECT_EQ(entriesAfterRestart(), store.entries());
-}
-
-TEST_F(HistoryStoreTest, StartsWithTheCopiesThatCanBeRead) {
-    record();
-    const QUuid kept = record().value();
-    ASSERT_TRUE(QFile::remove(store.imageURL(store.entries().at(1)).toLocalFile()));
-    ASSERT_TRUE(QFile::remove(store.thumbnailURL(store.entries().at(0)).toLocalFile()));
-    const QByteArray before = index();
-    EXPECT_THAT(ids(entriesAfterRestart()), ElementsAre(kept));
-    EXPECT_EQ(index(), before);
-    const QStringList filesBefore = files();
-    writeFile(indexPath, before.chopped(1));
-    EXPECT_TRUE(entriesAfterRestart().empty());
-    EXPECT_EQ(files(), filesBefore);
+    restarted().record(image, 5, std::nullopt);
+    EXPECT_EQ(restarted().entries(), store.entries());
 }
 
 TEST_F(HistoryStoreTest, RemembersWhetherItIsSwitchedOn) {
     int changes = 0;
     QObject::connect(&store, &HistoryStore::isEnabledChanged, [&] { ++changes; });
-    const auto isEnabledAfterRestart = [&] {
-        return HistoryStore(store.directory(), defaults, clock).isEnabled();
-    };
+    EXPECT_TRUE(store.isEnabled());
     const QUuid kept = record().value();
     store.setEnabled(false);
-    EXPECT_FALSE(store.isEnabled() || isEnabledAfterRestart());
+    EXPECT_FALSE(store.isEnabled() || restarted().isEnabled());
     EXPECT_EQ(files(), filesOf({kept}));
     EXPECT_TRUE(record()); // who records asks first
     defaults.setText(u"historyEnabled"_s, u"0"_s);
-    EXPECT_TRUE(isEnabledAfterRestart());
+    EXPECT_TRUE(restarted().isEnabled());
     store.setEnabled(true);
-    EXPECT_TRUE(store.isEnabled() && isEnabledAfterRestart());
+    EXPECT_TRUE(store.isEnabled() && restarted().isEnabled());
     EXPECT_EQ(changes, 2);
 }
 

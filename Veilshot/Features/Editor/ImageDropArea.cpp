@@ -1,7 +1,6 @@
-#include "Veilshot/Features/Editor/ImageDropTarget.h"
+#include "Veilshot/Features/Editor/ImageDropArea.h"
 
 #include "Veilshot/Platform/ImageDecoder.h"
-#include "Veilshot/Platform/ItemProvider.h"
 
 #include <QMimeData>
 #include <algorithm>
@@ -24,11 +23,11 @@ void accept(QDropEvent* event) {
 
 } // namespace
 
-ImageDropTarget::ImageDropTarget(QQuickItem* parent) : QQuickItem(parent) {
+ImageDropArea::ImageDropArea(QQuickItem* parent) : QQuickItem(parent) {
     setFlag(ItemAcceptsDrops);
 }
 
-void ImageDropTarget::dragEnterEvent(QDragEnterEvent* event) {
+void ImageDropArea::dragEnterEvent(QDragEnterEvent* event) {
     setTargeted(mayHoldPicture(*event->mimeData()));
     if (m_isTargeted)
         accept(event);
@@ -36,26 +35,26 @@ void ImageDropTarget::dragEnterEvent(QDragEnterEvent* event) {
         event->ignore();
 }
 
-void ImageDropTarget::dragMoveEvent(QDragMoveEvent* event) {
+void ImageDropArea::dragMoveEvent(QDragMoveEvent* event) {
     if (m_isTargeted)
         accept(event);
     else
         event->ignore();
 }
 
-void ImageDropTarget::dragLeaveEvent(QDragLeaveEvent*) {
+void ImageDropArea::dragLeaveEvent(QDragLeaveEvent*) {
     setTargeted(false);
 }
 
-void ImageDropTarget::dropEvent(QDropEvent* event) {
+void ImageDropArea::dropEvent(QDropEvent* event) {
     setTargeted(false);
-    if (m_store && m_store->load(itemProviders(*event->mimeData()), {}))
+    if (drop(itemProviders(*event->mimeData())))
         accept(event);
     else
         event->ignore();
 }
 
-void ImageDropTarget::setTargeted(bool isTargeted) {
+void ImageDropArea::setTargeted(bool isTargeted) {
     if (isTargeted == m_isTargeted)
         return;
     m_isTargeted = isTargeted;

@@ -1,0 +1,7 @@
+#include "Veilshot/Platform/SystemBeep.h"
+
+#include <QApplication>
+
+void Veilshot::systemBeep() {
+    QApplication::beep();
+}

@@ -1,0 +1,20 @@
+# Where updates are announced, and the key that vouches for them. Both or neither: see "Updates" in the README.
+set(VEILSHOT_UPDATE_FEED "" CACHE STRING "Address of the update feed, https (or http on this machine, to try it out)")
+set(VEILSHOT_UPDATE_KEY "" CACHE STRING "Ed25519 public key of the update feed, in base64")
+
+if(VEILSHOT_UPDATE_FEED AND NOT VEILSHOT_UPDATE_KEY)
+    message(FATAL_ERROR "VEILSHOT_UPDATE_FEED needs VEILSHOT_UPDATE_KEY: an update must be verified.")
+elseif(VEILSHOT_UPDATE_KEY AND NOT VEILSHOT_UPDATE_FEED)
+    message(FATAL_ERROR "VEILSHOT_UPDATE_KEY is of no use without VEILSHOT_UPDATE_FEED.")
+elseif(VEILSHOT_UPDATE_FEED)
+    if(NOT VEILSHOT_UPDATE_FEED MATCHES "^(https://[^/ \"\\;$#]+|http://(127\\.0\\.0\\.1|localhost)(:[0-9]+)?)(/[^ \"\\;$#]*)?$")
+        message(FATAL_ERROR "VEILSHOT_UPDATE_FEED is no https address: ${VEILSHOT_UPDATE_FEED}")
+    endif()
+    if(NOT VEILSHOT_UPDATE_KEY MATCHES "^[A-Za-z0-9+/]+=$")
+        message(FATAL_ERROR "VEILSHOT_UPDATE_KEY is no base64: ${VEILSHOT_UPDATE_KEY}")
+    endif()
+    string(LENGTH "${VEILSHOT_UPDATE_KEY}" length)
+    if(NOT length EQUAL 44) # 32 bytes
+        message(FATAL_ERROR "VEILSHOT_UPDATE_KEY is no Ed25519 key: it has ${length} characters instead of 44")
+    endif()
+endif()

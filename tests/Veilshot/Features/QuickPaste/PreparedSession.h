@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Veilshot/Features/QuickPaste/QuickPasteSession.h"
+#include "tests/Veilshot/Features/Editor/PreparedStore.h"
+
+#include <QMimeData>
+
+namespace Veilshot::StandIns {
+
+struct HeldClipboard : Clipboard {
+    QMimeData held;
+
+    const QMimeData* contents() const override { return &held; }
+    bool write(const QImage&) override { return false; }
+};
+
+/// What a quick-paste session works with.
+struct SessionParts {
+    PreparedStore store;
+    HeldClipboard clipboard;
+    AnsweringPanel filePanel;
+    int beeps = 0;
+
+    QuickPasteSession::Collaborators collaborators() {
+        return {*store, clipboard, filePanel, [this] { ++beeps; }};
+    }
+    static QImage picture(QSize size) {
+        QImage image(size, QImage::Format_RGBA8888);
+        image.fill(Qt::blue);
+        return image;
+    }
+};
+
+} // namespace Veilshot::StandIns

@@ -1,0 +1,79 @@
+#include "Veilshot/Platform/DesktopMotion.h"
+
+#include "tests/Veilshot/Platform/PortalStandIn.h"
+#include "tests/Veilshot/StandIns.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+namespace {
+
+const QString space = u"org.gnome.desktop.interface"_s;
+const QString key = u"enable-animations"_s;
+
+struct DesktopMotionTest : testing::Test {
+    PrivateBus bus;
+    const QTemporaryDir configuration;
+    const QByteArray formerConfiguration = qgetenv("XDG_CONFIG_HOME");
+
+    void SetUp() override {
+        if (!bus.isRunning())
+            GTEST_SKIP() << "there is no dbus-daemon";
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(configuration.path()));
+        qunsetenv("VEILSHOT_REDUCED_MOTION");
+    }
+    void TearDown() override {
+        if (formerConfiguration.isNull())
+            qunsetenv("XDG_CONFIG_HOME");
+        else
+            qputenv("XDG_CONFIG_HOME", formerConfiguration);
+        qunsetenv("VEILSHOT_REDUCED_MOTION");
+    }
+    void writeGtkSettings(const QByteArray& line) const {
+        QDir(configuration.path()).mkdir(u"gtk-3.0"_s);
+        QFile file(configuration.filePath(u"gtk-3.0/settings.ini"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("[Settings]\n" + line + '\n');
+    }
+    bool isReduced() { return DesktopMotion(bus.connection(u"asking"_s)).isReduced(); }
+};
+
+TEST_F(DesktopMotionTest, FollowsThePortal) {
+    PortalStandIn portal(bus, {{key, false}});
+    DesktopMotion motion(bus.connection(u"veilshot"_s));
+    EXPECT_TRUE(motion.isReduced());
+    int changes = 0;
+    QObject::connect(&motion, &DesktopMotion::isReducedChanged, [&] { ++changes; });
+    portal.announce(space, u"cursor-blink"_s, true);
+    portal.announce(space, key, false);
+    portal.announce(space, key, true);
+    EXPECT_TRUE(StandIns::waitUntil([&] { return !motion.isReduced(); }));
+    EXPECT_EQ(changes, 1) << "another setting is not this one";
+    portal.announce(space, key, false);
+    EXPECT_TRUE(StandIns::waitUntil([&] { return motion.isReduced(); }));
+
+    qputenv("VEILSHOT_REDUCED_MOTION", "0");
+    EXPECT_FALSE(isReduced());
+}
+
+TEST_F(DesktopMotionTest, ReadsGtksSettingWhereThePortalDoesNotKnow) {
+    EXPECT_FALSE(isReduced()) << "motion unless someone says otherwise";
+    PortalStandIn portal(bus, {});
+    for (const auto& [line, expected] : {std::pair{"gtk-enable-animations=false", true},
+                                         {"gtk-enable-animations=0", true},
+                                         {"gtk-enable-animations=1", false},
+                                         {"gtk-theme-name=Adwaita", false}}) {
+        writeGtkSettings(line);
+        EXPECT_EQ(isReduced(), expected) << line;
+    }
+    qputenv("VEILSHOT_REDUCED_MOTION", "1");
+    EXPECT_TRUE(isReduced());
+}
+
+} // namespace
+} // namespace Veilshot
