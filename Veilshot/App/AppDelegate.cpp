@@ -9,8 +9,10 @@
 #include "Veilshot/Platform/GlobalHotKey.h"
 #include "Veilshot/Platform/MainWindowBridge.h"
 #include "Veilshot/Platform/TrayHost.h"
+#include "Veilshot/Platform/WindowSystem.h"
 
 #include <QApplication>
+#include <QQuickWindow>
 #include <QUrl>
 
 using namespace std::chrono_literals;
@@ -30,16 +32,19 @@ AppDelegate* AppDelegate::shared() {
 AppDelegate::AppDelegate(const Parts& parts, QObject* parent) : QObject(parent), m_parts(parts) {
     current = this;
     m_lastWindowTimer.setSingleShot(true);
-    m_lastWindowTimer.setInterval(500ms);
+    m_lastWindowTimer.setInterval(1500ms);
     connect(&m_lastWindowTimer, &QTimer::timeout, this, &AppDelegate::considerLastWindow);
+    m_wayBackTimer.setSingleShot(true);
+    m_wayBackTimer.setInterval(5s);
+    connect(&m_wayBackTimer, &QTimer::timeout, this, &AppDelegate::considerWaysBack);
 
     Scenes& scenes = m_parts.scenes;
     connect(&scenes, &Scenes::visibleChanged, this, [this](Scenes::Id id, bool isVisible) {
         if (id == Scenes::Id::main && isVisible)
             m_isMainWindowHeldBack = false;
-        m_lastWindowTimer.start();
+        followWindow(isVisible);
     });
-    connect(&m_parts.trayHost, &TrayHost::isPresentChanged, &m_lastWindowTimer, qOverload<>(&QTimer::start));
+    connect(&m_parts.trayHost, &TrayHost::isPresentChanged, &m_wayBackTimer, qOverload<>(&QTimer::start));
     connect(&m_parts.onboarding, &OnboardingStore::isCompleteChanged, this, &AppDelegate::finishOnboarding);
 
     const auto openSettings = [&scenes] { scenes.open(Scenes::Id::settings); };
@@ -74,6 +79,12 @@ void AppDelegate::applicationDidFinishLaunching() {
             m_globalHotKey = std::move(hotKey);
             m_shortcut = m_globalHotKey ? WaysBack::Shortcut::working : WaysBack::Shortcut::none;
             m_lastWindowTimer.start();
+            if (!m_globalHotKey)
+                return;
+            m_globalHotKey->whenLost([this] {
+                m_shortcut = WaysBack::Shortcut::none;
+                m_wayBackTimer.start();
+            });
         });
 }
 
@@ -85,6 +96,11 @@ void AppDelegate::showQuickPaste() {
     }
     if (!m_quickPastePanel)
         return;
+    // A file dialog would keep the keyboard from the panel.
+    if (QWindow* const dialog = QGuiApplication::modalWindow()) {
+        WindowSystem::activate(*dialog);
+        return;
+    }
     if (m_parts.mainWindow.isMainWindowVisible())
         m_isMainWindowHeldBack = true;
     m_quickPastePanel->show();
@@ -96,6 +112,8 @@ void AppDelegate::carryOut(const WindowRequest& request) {
         m_parts.store.load(QUrl::fromLocalFile(request.image));
         [[fallthrough]];
     case WindowRequest::Action::show:
+        if (m_quickPastePanel)
+            m_quickPastePanel->panel().orderOut();
         m_parts.mainWindow.presentMainWindow();
         break;
     case WindowRequest::Action::quickPaste:
@@ -120,6 +138,21 @@ void AppDelegate::considerLastWindow() {
         QCoreApplication::quit();
         break;
     }
+}
+
+void AppDelegate::considerWaysBack() {
+    const WaysBack ways{m_parts.trayHost.isPresent(), m_shortcut, true};
+    if (!isAnyWindowVisible() && planAfterLastWindow(ways) == LastWindowPlan::showMainWindow)
+        m_parts.mainWindow.presentMainWindow();
+}
+
+void AppDelegate::followWindow(bool isVisible) {
+    if (isVisible)
+        return;
+    m_lastWindowTimer.start();
+    // The window that closed may have taken the keyboard from the panel.
+    if (m_quickPastePanel && m_quickPastePanel->isVisible())
+        WindowSystem::activate(m_quickPastePanel->panel().window());
 }
 
 bool AppDelegate::isAnyWindowVisible() const {

@@ -60,6 +60,9 @@ public:
 
 private:
     void considerLastWindow();
+    /// The tray or the shortcut is gone.
+    void considerWaysBack();
+    void followWindow(bool isVisible);
     bool isAnyWindowVisible() const;
     void finishOnboarding();
 
@@ -69,9 +72,11 @@ private:
     WaysBack::Shortcut m_shortcut = WaysBack::Shortcut::pending;
     /// The panel took it off the screen, and it has not been back since.
     bool m_isMainWindowHeldBack = false;
-    /// Windows replace one another, and trays start anew: what looks like the last one's end is looked at
-    /// again after a moment.
+    /// Windows replace one another: what looks like the last one's end is looked at again after a moment, in
+    /// which a tray is found, too.
     QTimer m_lastWindowTimer;
+    /// Trays and portals start anew.
+    QTimer m_wayBackTimer;
 };
 
 } // namespace Veilshot

@@ -22,16 +22,32 @@ const QString ApplicationService::serviceName = u"org.veilshot.Veilshot"_s;
 ApplicationService::ApplicationService(const QDBusConnection& bus, QObject* parent)
     : QObject(parent), m_bus(bus) {}
 
+ApplicationService::~ApplicationService() {
+    if (!m_isFirst)
+        return;
+    m_bus.unregisterObject(path);
+    m_bus.unregisterService(serviceName);
+}
+
 ApplicationService::Start ApplicationService::start(const WindowRequest& request,
                                                     const ActivationToken& token) {
     if (!m_bus.isConnected())
         return Start::first;
+    if (becomeFirst())
+        return Start::first;
+    if (handOver(request, token))
+        return Start::handedOver;
+    // The other one may just have come to its end.
+    return becomeFirst() ? Start::first : Start::unanswered;
+}
+
+bool ApplicationService::becomeFirst() {
     // Before the name, so that whoever sees the name finds the object.
     m_bus.registerObject(path, this, QDBusConnection::ExportScriptableSlots);
-    if (m_bus.registerService(serviceName))
-        return Start::first;
-    m_bus.unregisterObject(path);
-    return handOver(request, token) ? Start::handedOver : Start::unanswered;
+    m_isFirst = m_bus.registerService(serviceName);
+    if (!m_isFirst)
+        m_bus.unregisterObject(path);
+    return m_isFirst;
 }
 
 void ApplicationService::Activate(const QVariantMap& platformData) {

@@ -27,6 +27,8 @@ public:
     };
 
     explicit ApplicationService(const QDBusConnection& bus, QObject* parent = nullptr);
+    /// From now on another start is the first one.
+    ~ApplicationService() override;
 
     /// Blocks until the other process has taken the request, for ten seconds at most. Requests that come to
     /// this one wait for its event loop.
@@ -43,10 +45,12 @@ Q_SIGNALS:
     void requested(const Veilshot::WindowRequest& request);
 
 private:
+    bool becomeFirst();
     bool handOver(const WindowRequest& request, const ActivationToken& token);
     void receive(const WindowRequest& request, const QVariantMap& platformData);
 
     QDBusConnection m_bus;
+    bool m_isFirst = false;
 };
 
 } // namespace Veilshot

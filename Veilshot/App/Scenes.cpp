@@ -1,5 +1,7 @@
 #include "Veilshot/App/Scenes.h"
 
+#include "Veilshot/Platform/WindowSystem.h"
+
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <algorithm>
@@ -39,10 +41,7 @@ QQuickWindow& Scenes::window(Id id) {
 }
 
 void Scenes::open(Id id) {
-    QQuickWindow& opened = window(id);
-    opened.setVisible(true);
-    opened.raise();
-    opened.requestActivate();
+    WindowSystem::present(window(id));
 }
 
 bool Scenes::isAnyVisible() const {

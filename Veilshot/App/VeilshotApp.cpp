@@ -21,7 +21,9 @@
 #include "Veilshot/Platform/DesktopColorScheme.h"
 #include "Veilshot/Platform/DesktopMotion.h"
 #include "Veilshot/Platform/FilePanel.h"
+#include "Veilshot/Platform/KeyRepeat.h"
 #include "Veilshot/Platform/MainWindowBridge.h"
+#include "Veilshot/Platform/TerminationSignals.h"
 #include "Veilshot/Platform/TrayHost.h"
 #include "Veilshot/Platform/UserDefaults.h"
 #include "Veilshot/Updates/UpdateConfiguration.h"
@@ -65,7 +67,13 @@ int runApplication(ApplicationService& service, const WindowRequest& request) {
     Updater updater(configuration, keptUpdateSchedule(UserDefaults::standard(), clock));
     CheckForUpdatesViewModel updates(updater, QApplication::applicationVersion(), &QDesktopServices::openUrl);
 
+    const TerminationSignals terminationSignals;
+    QObject::connect(&terminationSignals, &TerminationSignals::received, qApp, &QApplication::quit);
+    KeyRepeat keyRepeat;
+    qApp->installEventFilter(&keyRepeat);
+
     QQmlEngine engine;
+    QObject::connect(&engine, &QQmlEngine::quit, qApp, &QApplication::quit);
     engine.addImportPath(u"qrc:/qt/qml"_s);
     Scenes scenes(engine, {{u"store"_s, QVariant::fromValue(&store)},
                            {u"history"_s, QVariant::fromValue(&HistoryStore::shared())},
@@ -89,9 +97,14 @@ int runApplication(ApplicationService& service, const WindowRequest& request) {
     delegate.applicationDidFinishLaunching();
     QObject::connect(&service, &ApplicationService::requested, &delegate, &AppDelegate::carryOut);
     delegate.carryOut(request);
+    const auto startUpdater = [&] {
+        if (onboarding.isComplete()) // an answer would get in the walkthrough's way
+            updater.start();
+    };
     if (configuration) {
         scenes.window(Scenes::Id::updates); // shows itself when there is something to show
-        updater.start();
+        startUpdater();
+        QObject::connect(&onboarding, &OnboardingStore::isCompleteChanged, &updater, startUpdater);
     }
     return QApplication::exec();
 }

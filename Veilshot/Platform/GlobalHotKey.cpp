@@ -39,4 +39,9 @@ void GlobalHotKey::press() {
         &m_presses, [action = m_action] { (*action)(); }, Qt::QueuedConnection);
 }
 
+void GlobalHotKey::lose() {
+    QMetaObject::invokeMethod(
+        &m_presses, [this] { m_handleLoss(); }, Qt::QueuedConnection);
+}
+
 } // namespace Veilshot

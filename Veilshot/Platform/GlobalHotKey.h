@@ -25,15 +25,22 @@ public:
 
     virtual ~GlobalHotKey() = default;
 
+    /// Calls `handle` from the event loop if the registration ends by itself: the desktop's service goes, or
+    /// the keyboard's new layout has no such key that is free. It may work again after a further change.
+    void whenLost(std::function<void()> handle) { m_handleLoss = std::move(handle); }
+
 protected:
     GlobalHotKey(QObject* context, Action action);
 
     /// For the back ends: the shortcut was pressed. Returns before the action runs.
     void press();
+    /// For the back ends: the registration is gone.
+    void lose();
 
 private:
     std::shared_ptr<const Action> m_action; // may drop the registration, and has to survive that
-    QObject m_presses;                      // takes the pending ones along
+    std::function<void()> m_handleLoss = [] {};
+    QObject m_presses; // takes the pending ones along
 };
 
 } // namespace Veilshot

@@ -29,22 +29,19 @@ MainWindowBridge::MainWindowBridge(std::function<bool()> isOnboardingComplete,
 
 bool MainWindowBridge::isMainWindowVisible() const {
     const QWindow* const window = mainWindow();
-    return window && window->isVisible();
+    return window && window->isVisible() && !window->windowStates().testFlag(Qt::WindowMinimized);
 }
 
 void MainWindowBridge::hideMainWindow() {
-    if (QWindow* const window = mainWindow())
-        window->hide();
+    if (isMainWindowVisible())
+        mainWindow()->hide();
 }
 
 bool MainWindowBridge::showMainWindow() {
     QWindow* const window = target();
     if (!window)
         return false;
-    if (window->windowStates().testFlag(Qt::WindowMinimized))
-        window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
-    window->setVisible(true); // not show(), which would undo a maximized window
-    WindowSystem::activate(*window);
+    WindowSystem::present(*window);
     return true;
 }
 

@@ -22,8 +22,9 @@ public:
     explicit MainWindowBridge(std::function<bool()> isOnboardingComplete,
                               std::function<void()> openWindowAction = {}, QObject* parent = nullptr);
 
+    /// False also while it is minimized.
     bool isMainWindowVisible() const;
-    /// Takes the main window off the screen without closing it. Nothing without one.
+    /// Takes the main window off the screen without closing it, if it is visible.
     void hideMainWindow();
 
     /// Brings the window back from wherever it is: hidden, minimized, behind others. False if there is none.

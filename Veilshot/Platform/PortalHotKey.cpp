@@ -150,8 +150,11 @@ void PortalHotKey::handleActivated(const QDBusObjectPath& session, const QString
 }
 
 void PortalHotKey::handleClosed() {
+    const bool wasRegistered = !m_receive && !m_session.isEmpty();
     m_session.clear();
     fail();
+    if (wasRegistered)
+        lose();
 }
 
 } // namespace Veilshot

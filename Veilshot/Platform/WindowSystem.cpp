@@ -165,4 +165,11 @@ bool WindowSystem::isPointerButtonHeld() {
 
 #endif
 
+void WindowSystem::present(QWindow& window) {
+    if (window.windowStates().testFlag(Qt::WindowMinimized))
+        window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.setVisible(true); // not show(), which would undo a maximized window
+    activate(window);
+}
+
 } // namespace Veilshot

@@ -16,6 +16,10 @@ void makeTransient(QWindow& window);
 /// just asked for.
 void activate(QWindow& window);
 
+/// Brings a window back from wherever it is: hidden, minimized, behind others. For what the user has just
+/// asked for.
+void present(QWindow& window);
+
 /// Whether what is behind a window can show through it.
 bool canBeTranslucent();
 

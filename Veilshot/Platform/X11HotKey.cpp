@@ -98,8 +98,8 @@ void X11HotKey::followLayout() {
     if (shortcut == m_grabbed)
         return;
     release();
-    if (shortcut)
-        grab(*shortcut);
+    if (!shortcut || !grab(*shortcut))
+        lose();
 }
 
 bool X11HotKey::grab(const X11Shortcut& shortcut) {

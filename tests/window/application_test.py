@@ -53,6 +53,14 @@ class Application(Program):
 
     def walks_through_the_first_run(self):
         self.wait_for_window("Welcome to Veilshot")
+        self.find("label", "Step 1 of 5")
+        self.desktop.xdotool("keydown", "Return", "sleep", 1.5, "keyup", "Return")
+        self.find("label", "Step 2 of 5")  # one press, however long
+        self.press("push button", "Back")
+        self.press("push button", "Close")
+        self.wait_for_no_window("Welcome to Veilshot")
+        self.start_again()
+        self.wait_for_window("Welcome to Veilshot")
         assert not self.titled("Veilshot")
         for step in range(1, 6):
             self.find("label", f"Step {step} of 5")
@@ -140,8 +148,15 @@ class Application(Program):
         assert holder.poll() is None
 
     def quits(self):
+        """By the keyboard, and when the session ends. A start in between is not lost."""
+        self.activate("--name", "^Veilshot$")
         self.desktop.key("ctrl+q")
+        with self.errors.open("a") as errors:
+            later = self.desktop.start(self.veilshot, stderr=errors)
         assert self.process.wait(60) == 0
+        self.activate("--pid", later.pid, "--name", "^Veilshot$")
+        later.terminate()
+        assert later.wait(60) == 0
         errors = self.errors.read_text()
         assert "qrc:" not in errors, errors
 

@@ -24,6 +24,11 @@ Window {
         onActivated: window.close()
     }
 
+    Shortcut {
+        sequences: ["Ctrl+Q", "Meta+Q"]
+        onActivated: Qt.quit()
+    }
+
     ColumnLayout {
         id: content
 

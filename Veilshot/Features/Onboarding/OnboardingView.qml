@@ -24,6 +24,11 @@ FocusScope {
     Keys.onReturnPressed: event => advanceOnce(event)
     Keys.onEnterPressed: event => advanceOnce(event)
 
+    /// Return advances again, wherever the keyboard was before.
+    function focusPrimary(): void {
+        primary.forceActiveFocus();
+    }
+
     function advanceOnce(event: KeyEvent) {
         if (!event.isAutoRepeat)
             flow.advance();

@@ -18,8 +18,6 @@ Window {
     signal finished
 
     objectName: "Veilshot.Onboarding"
-    x: Screen.virtualX + (Screen.width - width) / 2
-    y: Screen.virtualY + (Screen.height - height) / 2
     width: view.implicitWidth
     height: view.implicitHeight
     minimumWidth: view.implicitWidth
@@ -30,9 +28,23 @@ Window {
     title: "Welcome to Veilshot"
     color: Theme.windowBackground
 
+    Component.onCompleted: {
+        x = Screen.virtualX + (Screen.width - width) / 2;
+        y = Screen.virtualY + (Screen.height - height) / 2;
+    }
+    onVisibleChanged: {
+        if (visible)
+            view.focusPrimary();
+    }
+
     Shortcut {
         sequences: [StandardKey.Close]
         onActivated: window.close()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Q", "Meta+Q"]
+        onActivated: Qt.quit()
     }
 
     OnboardingView {
@@ -64,6 +76,7 @@ Window {
         anchors.top: parent.top
         anchors.right: parent.right
         anchors.margins: 8
+        focusPolicy: Qt.TabFocus
         label: "Close"
         symbol: "xmark"
         onClicked: window.close()

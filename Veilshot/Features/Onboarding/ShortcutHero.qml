@@ -31,6 +31,7 @@ Item {
 
         Accessible.role: Accessible.StaticText
         Accessible.name: text
+        Accessible.ignored: !isShown
 
         Behavior on opacity {
             NumberAnimation {

@@ -27,6 +27,11 @@ Window {
         onActivated: window.close()
     }
 
+    Shortcut {
+        sequences: ["Ctrl+Q", "Meta+Q"]
+        onActivated: Qt.quit()
+    }
+
     SettingsView {
         id: view
 

@@ -46,6 +46,11 @@ Window {
         onActivated: window.updates.close()
     }
 
+    Shortcut {
+        sequences: ["Ctrl+Q", "Meta+Q"]
+        onActivated: Qt.quit()
+    }
+
     FocusScope {
         id: content
 
