@@ -30,7 +30,7 @@ constexpr qsizetype pieceOverlap = 80;
 /// The words around a number that tell what it is, and the shapes that tell it without any.
 struct Expressions {
     RegularExpression date{
-        uR"(^\(?(?:\d{4}[-./]\d{1,2}[-./]\d{1,2}|\d{1,2}[-./]\d{1,2}[-./]\d{2,4}|\d{4}\s?[-–]\s?\d{2,5})\)?$)"};
+        uR"(^\(?(?:\d{4}[-‑./]\d{1,2}[-‑./]\d{1,2}|\d{1,2}[-‑./]\d{1,2}[-‑./]\d{2,4}|\d{4}\s?[-–]\s?\d{2,5})\)?$)"};
     RegularExpression otherLabelBefore{
         uR"((?:#|№|\b(?:order|ordre|ordrenr|ordrenummer|invoice|faktura|bilag|ticket|case|sag|sagsnr)"
         uR"(|journalnr|ref|reference|id|isbn|sku|batch|lot|serial|serienr|varenr|vare|part|cvr|cvr-nr|konto)"

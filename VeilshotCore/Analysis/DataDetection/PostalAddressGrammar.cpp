@@ -57,11 +57,12 @@ QString englishStreet() {
         uR"(|track|volume|vol|windows|iphone|q[1-4])\s))"_s;
     const QString word = uR"((?:The|of|le|[A-Z][\w'’.\-]{0,40}+|\d{1,3}(?:st|nd|rd|th|ST|ND|RD|TH)))"_s;
     const QString notDevice = uR"((?<!(?:Wheel|Hard|Test|Flash|Disk|USB|Tape)\sDrive|Card\sRow))"_s;
+    const QString type = anyOf({streetType, streetType.toUpper()}); // twice in "Harbor View Dr"
     // A lower-case word behind the type makes it an ordinary noun, unless it goes on in time or space.
     const QString notNoun = uR"((?!\s+[a-zæøå]+\b(?<!\b(?:at|after|before|on|in|until|til|for|and|from))))"_s;
     return notRated + notCounted + houseNumber + uR"(\s+)"_s + optional(compass + uR"(\s+)"_s) + u"(?:"_s +
-           word + uR"(\s+){1,4}?)"_s + anyOf({streetType, streetType.toUpper()}) + uR"(\b)"_s + notDevice +
-           uR"(\.?(?:\s+)"_s + compass + u")?"_s + notNoun;
+           word + uR"(\s+){1,4}?)"_s + type + uR"(\b)"_s + optional(uR"(\s+)"_s + type + uR"(\b)"_s) +
+           notDevice + uR"(\.?(?:\s+)"_s + compass + u")?"_s + notNoun;
 }
 
 QString broadway() {

@@ -6,7 +6,11 @@ namespace Veilshot {
 
 std::vector<DataMatch> StandardDataDetector::matches(const QString& line) const {
     std::vector<DataMatch> matches = m_links.find(line);
+    for (const TextRange range : m_credentials.find(line))
+        matches.push_back({DataMatch::Type::link, range, {}});
     for (const TextRange range : m_phoneNumbers.find(line))
+        matches.push_back({DataMatch::Type::phoneNumber, range, {}});
+    for (const TextRange range : m_personalNumbers.find(line))
         matches.push_back({DataMatch::Type::phoneNumber, range, {}});
     for (const TextRange range : m_postalAddresses.find(line))
         matches.push_back({DataMatch::Type::address, range, {}});

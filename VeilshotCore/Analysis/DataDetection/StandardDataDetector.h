@@ -1,21 +1,28 @@
 #pragma once
 
+#include "VeilshotCore/Analysis/DataDetection/CredentialFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/LinkFinder.h"
+#include "VeilshotCore/Analysis/DataDetection/PersonalNumberFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PhoneNumberFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
 #include "VeilshotCore/Analysis/DataDetector.h"
 
 namespace Veilshot {
 
-/// The data detector of the product: all three finders over the whole line. Costs nothing to construct; the
-/// finders' expressions and lists are built once per process, at the first line that needs them.
+/// The data detector of the product: all finders over the whole line. What is worth hiding but neither link,
+/// number to call nor address goes by the type that comes closest: a credential is reported as a link that
+/// leads nowhere known, a date of birth or the number of a document as a phone number, which dates in digits
+/// pass for anyway. Costs nothing to construct; the finders' expressions and lists are built once per
+/// process, at the first line that needs them.
 class StandardDataDetector final : public DataDetector {
 public:
     std::vector<DataMatch> matches(const QString& line) const override;
 
 private:
     LinkFinder m_links;
+    CredentialFinder m_credentials;
     PhoneNumberFinder m_phoneNumbers;
+    PersonalNumberFinder m_personalNumbers;
     PostalAddressFinder m_postalAddresses;
 };
 

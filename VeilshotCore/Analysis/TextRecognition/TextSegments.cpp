@@ -9,6 +9,7 @@
 #include <array>
 #include <numeric>
 #include <opencv2/imgproc.hpp>
+#include <optional>
 
 namespace Veilshot {
 
@@ -237,7 +238,23 @@ private:
     std::vector<std::vector<const Group*>> m_bands;
 };
 
-/// Dots and accents have no height in common with the letter that they belong to.
+/// How far a mark is from the letters that it belongs to; nothing when it does not.
+std::optional<int> distanceOfMark(const cv::Rect& mark, const cv::Rect& base) {
+    if (base.x <= mark.br().x && base.br().x >= mark.x) { // dots and accents
+        const int distance = std::max(base.y - mark.br().y, mark.y - base.br().y);
+        const bool isMark = mark.height <= 0.6 * base.height && mark.width <= 1.2 * base.height &&
+                            distance <= std::max(2, base.height / 3);
+        return isMark ? std::optional(distance) : std::nullopt;
+    }
+    // A comma hangs below the letters before it; in fonts of fixed width well behind them.
+    const int distance = mark.x - base.br().x;
+    const bool isComma = mark.height <= 0.8 * base.height && mark.width <= 0.5 * base.height &&
+                         mark.y <= base.br().y && mark.y > base.y + base.height / 2 &&
+                         mark.br().y > base.br().y && distance >= 0 && distance <= 0.6 * base.height;
+    return isComma ? std::optional(distance) : std::nullopt;
+}
+
+/// Dots, accents and commas have no height in common with the letters that they belong to, or little.
 void attachMarks(const std::vector<Group>& groups, int rows, DisjointSets& sets) {
     constexpr int widestMark = 40;
     constexpr int tallestMark = 20;
@@ -248,12 +265,9 @@ void attachMarks(const std::vector<Group>& groups, int rows, DisjointSets& sets)
         const Group* nearest = nullptr;
         int nearestDistance = INT_MAX;
         bands.forNeighbours(mark.box, [&](const Group& base) {
-            if (mark.box.height > 0.6 * base.box.height || mark.box.width > 1.2 * base.box.height ||
-                base.box.x > mark.box.br().x || base.box.br().x < mark.box.x)
-                return;
-            const int distance = std::max(base.box.y - mark.box.br().y, mark.box.y - base.box.br().y);
-            if (distance <= std::max(2, base.box.height / 3) && distance < nearestDistance) {
-                nearestDistance = distance;
+            const auto distance = distanceOfMark(mark.box, base.box);
+            if (distance && *distance < nearestDistance) {
+                nearestDistance = *distance;
                 nearest = &base;
             }
         });
@@ -271,7 +285,7 @@ std::vector<Group> groupIntoLines(const Ink& ink) {
                      [&](int left, int right) { sets.join(left, right); });
     // Whole pieces know the line's height, which single letters do not: first close neighbours, then wider
     // gaps.
-    for (const Adjacency adjacency : {Adjacency{0.6, 0.55}, Adjacency{1.0, 0.55}}) {
+    for (const Adjacency adjacency : {Adjacency{0.6, 0.55}, Adjacency{1.2, 0.55}}) {
         const std::vector<Group> groups = groupsOf(sets, ink.blobs);
         boxes.clear();
         for (const Group& group : groups)

@@ -72,6 +72,15 @@ TEST(TextSegments, KeepTheCellsOfARowApartAndLeaveOutRulesAndFilledShapes) {
     EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), (std::vector{first, second}));
 }
 
+TEST(TextSegments, GoOnBehindACommaOfFixedWidth) {
+    QImage image = page({600, 100}, Qt::white);
+    const QRect first = drawWord(image, {60, 40}, Qt::black, Qt::white);
+    fill(image, {first.right() + 4, 48, 2, 5}, Qt::black);
+    const QRect second = drawWord(image, {first.right() + 16, 40}, Qt::black, Qt::white);
+    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)),
+              std::vector{first | second | QRect(first.right() + 4, 48, 2, 5)});
+}
+
 TEST(TextSegments, KeepTheirLettersWhereALineTouchesThem) {
     // Underlined, struck through, and in the frame of a field, each a line much longer than the word.
     for (const int y : {79, 74, 62}) {

@@ -1,0 +1,121 @@
+#include "VeilshotCore/Analysis/DataDetection/CredentialFinder.h"
+
+#include "VeilshotCore/Analysis/RegularExpression.h"
+
+#include <QString>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+
+namespace {
+
+using enum RegularExpression::CaseSensitivity;
+
+/// What says that a secret follows. "Tokens: 512" counts something.
+const QString secretLabel =
+    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|wi-?fi|guest)\s+pass|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
+    uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?)"
+    uR"(|kodeord|adgangskode|pinkode|engangskode|nøgle))"_s;
+
+struct Expressions {
+    /// Group 1 is what the label names. A column between them arrives as a tab.
+    RegularExpression column{u"^\\s*(?:[\\w-]+\\s){0,2}"_s + secretLabel + uR"(\s*[:.]?\t\s*(\S{4,})\s*$)"_s};
+    RegularExpression assignment{u"[\\w.-]*"_s + secretLabel +
+                                 uR"([\w-]*["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
+                                 uR"(([^\s"'”“,;<>(){}\[\]$*•]{6,}+)(?![(\[{]))"_s};
+    RegularExpression sentence{u"(?<![\\w])(?:login|"_s + secretLabel +
+                               uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
+
+    /// Keys that say themselves whose they are. A blank that was read into a signed token is put up with.
+    RegularExpression knownShape{
+        uR"((?<![A-Za-z0-9])(?:(?:AKIA|ASIA|AROA|AGPA)[A-Z0-9]{12,}|AIza[\w-]{20,}|gh[oprsu]_\w{12,})"
+        uR"(|github_pat_\w{12,}|glpat-[\w-]{12,}|xox[abeoprs]-[\w-]{10,}|npm_\w{16,}|hf_\w{16,}|ya29\.[\w-]{16,})"
+        uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|[rsp]k_(?:live|test|prod|demo)_\w{10,}|whsec_\w{12,})"
+        uR"(|eyJ[\w-]{6,}\s?\.\s?[\w-]{4,}(?:\s?\.\s?[\w-]{4,}(?:\s[\w-]{12,})?)?))",
+        sensitive};
+    RegularExpression run{uR"([\p{L}\p{N}][\p{L}\p{N}_+/~-]{14,}[\p{L}\p{N}-]={0,2})"};
+
+    static const Expressions& shared() {
+        static const Expressions expressions;
+        return expressions;
+    }
+};
+
+struct Composition {
+    int upper = 0;
+    int lower = 0;
+    int digits = 0;
+    /// How often a letter stands beside a digit.
+    int changes = 0;
+
+    explicit Composition(QStringView text) {
+        QChar previous;
+        for (const QChar character : text) {
+            upper += character.isUpper();
+            lower += character.isLower();
+            digits += character.isDigit();
+            changes +=
+                (character.isDigit() && previous.isLetter()) || (character.isLetter() && previous.isDigit());
+            previous = character;
+        }
+    }
+};
+
+/// Whether somebody could have set this as a password, rather than "required" or "never".
+bool isChosen(QStringView text) {
+    const Composition parts(text);
+    const bool hasLetters = parts.upper + parts.lower > 0;
+    const bool hasRareSign = std::ranges::any_of(
+        text.chopped(1), [](QChar character) { return u"!@#$%&*+?^="_s.contains(character); });
+    // The name of a variable that holds it, an option, a path.
+    if (text.contains(u".env.") || u":-~/."_s.contains(text.front()))
+        return false;
+    return hasLetters && (parts.digits > 0 || hasRareSign);
+}
+
+/// Whether nobody thought of this run of letters and digits: they alternate, which neither names of files nor
+/// versions nor paths do for long.
+bool isRandom(QStringView text) {
+    constexpr int leastChanges = 3;
+    constexpr qsizetype leastLengthWithSlash = 28;
+    if (text.contains(u'/') && text.size() < leastLengthWithSlash)
+        return false;
+    const Composition parts(text);
+    const int leastOfPath = text.contains(u'/') ? 2 * leastChanges : leastChanges;
+    return parts.changes >= leastOfPath && parts.upper + parts.lower >= 4 && parts.digits >= 3;
+}
+
+} // namespace
+
+std::vector<TextRange> CredentialFinder::find(QStringView line) const {
+    const Expressions& expressions = Expressions::shared();
+    std::vector<TextRange> found;
+    const auto add = [&](TextRange range) {
+        const auto overlapping =
+            std::ranges::find_if(found, [&](TextRange other) { return other.intersects(range); });
+        if (overlapping == found.end())
+            found.push_back(range);
+        else if (range.length > overlapping->length)
+            *overlapping = range;
+    };
+    for (const TextRange range : expressions.knownShape.ranges(line))
+        add(range);
+    for (const RegularExpression* expression :
+         {&expressions.column, &expressions.assignment, &expressions.sentence}) {
+        for (const auto& match : expression->matches(line)) {
+            const TextRange secret = match.groups[0];
+            if (isChosen(line.sliced(secret.location, secret.length)))
+                add(secret);
+        }
+    }
+    for (const TextRange range : expressions.run.ranges(line)) {
+        if (isRandom(line.sliced(range.location, range.length)))
+            add(range);
+    }
+    std::ranges::sort(found, {}, &TextRange::location);
+    return found;
+}
+
+} // namespace Veilshot

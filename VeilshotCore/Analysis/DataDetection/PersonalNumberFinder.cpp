@@ -1,0 +1,74 @@
+#include "VeilshotCore/Analysis/DataDetection/PersonalNumberFinder.h"
+
+#include "VeilshotCore/Analysis/RegularExpression.h"
+
+#include <QString>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+
+namespace {
+
+const QString month =
+    uR"((?:jan(?:uar[y]?)?|feb(?:ruar[y]?)?|mar(?:ch|ts)?|apr(?:il)?|ma[yj]|june?|juni|july?|juli)"
+    uR"(|aug(?:ust)?|sept?(?:ember)?|o[ck]t(?:ober)?|nov(?:ember)?|dec(?:ember)?)\.?)"_s;
+const QString year = uR"((?:19|20)\d{2})"_s;
+const QString date = uR"((?:\d{1,2}(?:st|nd|rd|th)?\.?\s?(?:of\s|de\s)?)"_s + month + uR"(,?\s)"_s + year +
+                     u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + year +
+                     uR"(|\d{1,2}[./-]\s?\d{1,2}[./-]\s?(?:)"_s + year + uR"(|\d{2})|)"_s + year +
+                     uR"([./-]\d{1,2}[./-]\d{1,2}))"_s;
+/// The years in which the owners of most documents were born.
+const QString pastYear = uR"((?:19[2-9]\d|200\d))"_s;
+
+struct Expressions {
+    /// Group 1 of each is the date or the number.
+    RegularExpression afterWord{
+        uR"((?<![\p{L}])(?:born|birth(?:day|date)?|date of birth|d\.?o\.?b\.?|født|)"
+        uR"(fødselsda(?:g|to)|fødd|geboren|née?)(?![\p{L}])[^\d\p{L}]{0,4}(?:(?:on|den|d\.)\s)?)"_s +
+        u'(' + date + uR"()(?!\d))"_s};
+    RegularExpression withAge{u"(?<!\\d)("_s + date +
+                              uR"()\s?\((?:age[d]?\s)?\d{1,3}(?:\s?(?:years|yrs|y/o|år)\b|\)))"_s};
+    RegularExpression alone{uR"(^\s*((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s + pastYear +
+                            u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + pastYear + uR"())\s*$)"_s};
+    RegularExpression inDigits{uR"((?<![\d./-])([0-3]?\d[./-][0-3]?\d[./-])"_s + pastYear +
+                               uR"()(?![\d/-]|[.,]\d))"_s};
+    /// A column between label and number arrives as a tab.
+    RegularExpression document{
+        uR"(^\s*(?:passport|pas|driv\w+ licen[cs]e|kørekort|id|identity|national insurance|ni|social security|ssn)"
+        uR"(|tax|health|patient|sundhedskort|personnummer|tin)(?:[- ]?(?:card|no|nr|number|nummer|id))*\.?\s*:?\t\s*)"
+        uR"(([\p{L}\d][\p{L}\d \-/]{4,18}\d[\p{L}\d \-/]{0,6})\s*$)"};
+    RegularExpression bank{
+        uR"((?<![\p{L}])(?:reg(?:istrerings)?[.\s-]{0,2}(?:nr|nummer|no)?|sort\s?code)[.:\s]{0,3}(\d{4}|\d\d[- ]\d\d[- ]\d\d)(?![\d.,]))"};
+    RegularExpression britishInsurance{
+        uR"((?<![A-Za-z\d])([A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z]\s?\d\d\s?\d\d\s?\d\d\s?[A-D])(?![A-Za-z\d]))",
+        RegularExpression::CaseSensitivity::sensitive};
+
+    static const Expressions& shared() {
+        static const Expressions expressions;
+        return expressions;
+    }
+};
+
+} // namespace
+
+std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
+    if (std::ranges::none_of(line, [](QChar character) { return character.isDigit(); }))
+        return {};
+    const Expressions& expressions = Expressions::shared();
+    std::vector<TextRange> found;
+    for (const RegularExpression* expression :
+         {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.inDigits,
+          &expressions.document, &expressions.bank, &expressions.britishInsurance}) {
+        for (const auto& match : expression->matches(line)) {
+            const TextRange range = match.groups[0];
+            if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))
+                found.push_back(range);
+        }
+    }
+    std::ranges::sort(found, {}, &TextRange::location);
+    return found;
+}
+
+} // namespace Veilshot

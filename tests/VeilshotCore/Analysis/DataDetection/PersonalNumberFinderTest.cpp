@@ -1,0 +1,35 @@
+#include "VeilshotCore/Analysis/DataDetection/PersonalNumberFinder.h"
+#include "tests/VeilshotCore/Analysis/DataDetection/TextsOfRanges.h"
+
+#include <gmock/gmock.h>
+
+namespace Veilshot {
+namespace {
+
+TEST(PersonalNumberFinder, FindsDatesOfBirthAndNumbersBehindTheirLabels) {
+    const std::pair<const char*, std::vector<std::string>> rows[] = {
+        {"Born 21 April 1984 in Ry", {"21 April 1984"}},
+        {"Ørnulf, født den 3. november 2022, bor her", {"3. november 2022"}},
+        {"Født\t3. november 2022", {"3. november 2022"}},
+        {"born May 4th, 1961, and Julian, born 19/02/94.", {"May 4th, 1961", "19/02/94"}},
+        {"17 September 1977", {"17 September 1977"}},
+        {"Eva 14.02.1988 ring først", {"14.02.1988"}},
+        {"Astrid, 3 May 2013 (12 years)", {"3 May 2013"}},
+        {"Passport no.\tD89167093", {"D89167093"}},
+        {"QQ 12 34 56 C or GB29", {}}, // no such letters are given out
+        {"Insurance AB 12 34 56 C", {"AB 12 34 56 C"}},
+        {"reg.nr. 9153 konto 4044204237", {"9153"}},
+        {"Sort code 20-00-00", {"20-00-00"}},
+        {"12 March 2025", {}},
+        {"On 6 February 1973 they met", {}},
+        {"Paid 14.02.2025, 1.2.1999.4", {}},
+        {"The passport\tof 2019", {}},
+    };
+    for (const auto& [utf8, numbers] : rows) {
+        const QString line = QString::fromUtf8(utf8);
+        EXPECT_EQ(textsOf(line, PersonalNumberFinder().find(line)), numbers) << utf8;
+    }
+}
+
+} // namespace
+} // namespace Veilshot
