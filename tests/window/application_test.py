@@ -5,12 +5,11 @@ application_test.py VEILSHOT DRAG_SOURCE IMAGES FOLDER_FOR_A_SCREENSHOT_OF_THE_F
 
 import os
 import subprocess
-import sys
 
 from PIL import ImageGrab
 
-from desktop import Atspi, Desktop, wait_until
-from program import Program
+from desktop import Atspi, wait_until
+from program import Program, live
 
 SHORTCUT = "super+shift+b"
 HISTORY = "Keep protected copies in history"
@@ -18,10 +17,6 @@ PANEL_TEXT = "Press ⌘V, drop an image here, or open a file. Esc closes this."
 
 
 class Application(Program):
-    def __init__(self, desktop, veilshot, drag_source, images):
-        super().__init__(desktop, veilshot, images)
-        self.drag_source = drag_source
-
     def windows(self, *what):
         """Those on the screen, of whatever program."""
         search = ["xdotool", "search", "--all", "--onlyvisible", *map(str, what)]
@@ -170,12 +165,4 @@ class Application(Program):
 
 
 if __name__ == "__main__":
-    program, drag_source, images, failures = sys.argv[1:]
-    with Desktop() as desktop:
-        application = Application(desktop, program, drag_source, images)
-        try:
-            application.run()
-        except BaseException:
-            desktop.screenshot(f"{failures}/application.png")
-            print(application.tree(), application.errors.read_text(), sep="\n", file=sys.stderr)
-            raise
+    live(Application)

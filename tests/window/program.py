@@ -4,10 +4,11 @@ import io
 import pathlib
 import re
 import subprocess
+import sys
 
 from PIL import Image
 
-from desktop import Atspi, wait_until
+from desktop import Atspi, Desktop, wait_until
 
 
 def picture(png):
@@ -17,13 +18,14 @@ def picture(png):
 class Program:
     """Started anew, on the desktop given."""
 
-    def __init__(self, desktop, veilshot, images, *arguments):
+    def __init__(self, desktop, veilshot, drag_source, images):
         self.desktop = desktop
         self.veilshot = veilshot
+        self.drag_source = drag_source
         self.images = pathlib.Path(images)
         self.errors = desktop.home / "errors"
         with self.errors.open("a") as errors:
-            self.process = desktop.start(veilshot, *arguments, stderr=errors)
+            self.process = desktop.start(veilshot, stderr=errors)
 
     # What a screen reader sees.
 
@@ -82,3 +84,16 @@ class Program:
     def find_on_clipboard(self, expected):
         wait_until("the picture on the clipboard",
                    lambda: (png := self.clipboard()) and picture(png) == expected)
+
+
+def live(kind):
+    """Runs a program of the kind as the command line says. A failure leaves a screenshot behind."""
+    *arguments, failures = sys.argv[1:]
+    with Desktop() as desktop:
+        program = kind(desktop, *arguments)
+        try:
+            program.run()
+        except BaseException:
+            desktop.screenshot(f"{failures}/{kind.__name__.lower()}.png")
+            print(program.tree(), program.errors.read_text(), sep="\n", file=sys.stderr)
+            raise

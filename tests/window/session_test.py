@@ -6,12 +6,11 @@ session_test.py VEILSHOT DRAG_SOURCE IMAGES FOLDER_FOR_A_SCREENSHOT_OF_THE_FAILU
 import collections
 import json
 import subprocess
-import sys
 
 from PIL import ImageChops
 
-from desktop import Atspi, Desktop, wait_until
-from program import Program, picture
+from desktop import Atspi, wait_until
+from program import Program, live, picture
 
 LABELS = {"address": "Addresses", "email": "Email addresses", "identity": "Identity details", "name": "Names",
           "payment": "Payment details", "person": "People", "phone": "Phone numbers", "secret": "Secrets",
@@ -23,8 +22,7 @@ class Session(Program):
         settings = desktop.home / ".config/Veilshot/Veilshot.conf"
         settings.parent.mkdir(parents=True)
         settings.write_text("[General]\nonboardingCompleted=true\n")
-        super().__init__(desktop, veilshot, images)
-        self.drag_source = drag_source
+        super().__init__(desktop, veilshot, drag_source, images)
 
     # What the program says without a window.
 
@@ -172,12 +170,4 @@ class Session(Program):
 
 
 if __name__ == "__main__":
-    program, drag_source, images, failures = sys.argv[1:]
-    with Desktop() as desktop:
-        session = Session(desktop, program, drag_source, images)
-        try:
-            session.run()
-        except BaseException:
-            desktop.screenshot(f"{failures}/window-session.png")
-            print(session.tree(), session.errors.read_text(), sep="\n", file=sys.stderr)
-            raise
+    live(Session)
