@@ -82,6 +82,8 @@ FocusScope {
             }
 
             T.SplitView {
+                id: split
+
                 anchors.fill: parent
                 opacity: presenter.isEmpty ? 0 : 1
                 visible: opacity > 0
@@ -110,6 +112,8 @@ FocusScope {
                 }
 
                 EditorCanvas {
+                    id: canvas
+
                     T.SplitView.fillWidth: true
                     T.SplitView.minimumWidth: 560
                     store: view.store
@@ -119,7 +123,8 @@ FocusScope {
                 InspectorView {
                     T.SplitView.minimumWidth: 280
                     T.SplitView.preferredWidth: 310
-                    T.SplitView.maximumWidth: 350
+                    // The canvas comes first, and nothing is to be cut off.
+                    T.SplitView.maximumWidth: Math.max(280, Math.min(350, split.width - canvas.T.SplitView.minimumWidth - 1))
                     store: view.store
                     presenter: presenter
                 }
