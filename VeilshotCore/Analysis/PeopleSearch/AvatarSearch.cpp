@@ -17,11 +17,21 @@ constexpr double widestAspect = 1.33;
 constexpr double leastFill = 0.62;
 
 constexpr int largestSmallStep = 20;
-constexpr double leastSmallSteps = 0.30;
-constexpr double mostEqualSteps = 0.30;
 constexpr double leastSkin = 0.25;
 constexpr double greyPicture = 0.70;
 constexpr double mostGreyWindow = 0.40;
+
+/// What an avatar stands on, and what then tells its pixels from text: shares of its small and of its equal
+/// steps.
+struct Ground {
+    int tolerance; ///< by how much a flat ground's colour differs from one pixel to the next, at most
+    double leastSmallSteps;
+    double mostEqualSteps;
+};
+
+/// Text, too, has textures in a JPEG file.
+constexpr Ground lossless{0, 0.30, 0.30};
+constexpr Ground jpeg{6, 0.56, 0.15};
 
 constexpr int tileSide = 1024;
 /// A whole avatar and one flat pixel on each side.
@@ -31,18 +41,19 @@ const uchar* pixelAt(const QImage& image, int x, int y) {
     return image.constScanLine(y) + 4 * static_cast<std::ptrdiff_t>(x);
 }
 
-bool sameColour(const uchar* a, const uchar* b) {
-    return a[0] == b[0] && a[1] == b[1] && a[2] == b[2];
+bool sameColour(const uchar* a, const uchar* b, int tolerance) {
+    return std::max({std::abs(a[0] - b[0]), std::abs(a[1] - b[1]), std::abs(a[2] - b[2])}) <= tolerance;
 }
 
-/// 1 for every pixel that differs from one of its four neighbours, 0 on exactly flat ground.
-cv::Mat unevenPixels(const QImage& image, const QRect& tile) {
+/// 1 for every pixel that differs from one of its four neighbours by more than the tolerance, 0 on flat
+/// ground.
+cv::Mat unevenPixels(const QImage& image, const QRect& tile, int tolerance) {
     cv::Mat uneven = cv::Mat::zeros(tile.height(), tile.width(), CV_8U);
     for (int y = 0; y < uneven.rows; ++y) {
         const uchar* row = pixelAt(image, tile.x(), tile.y() + y);
         uchar* marks = uneven.ptr(y);
         for (int x = 0; x + 1 < uneven.cols; ++x) {
-            if (!sameColour(row + 4 * x, row + 4 * x + 4))
+            if (!sameColour(row + 4 * x, row + 4 * x + 4, tolerance))
                 marks[x] = marks[x + 1] = 1;
         }
         if (y + 1 == uneven.rows)
@@ -50,7 +61,7 @@ cv::Mat unevenPixels(const QImage& image, const QRect& tile) {
         const uchar* below = pixelAt(image, tile.x(), tile.y() + y + 1);
         uchar* marksBelow = uneven.ptr(y + 1);
         for (int x = 0; x < uneven.cols; ++x) {
-            if (!sameColour(row + 4 * x, below + 4 * x))
+            if (!sameColour(row + 4 * x, below + 4 * x, tolerance))
                 marks[x] = marksBelow[x] = 1;
         }
     }
@@ -73,7 +84,7 @@ bool isCut(const QRect& box, const QRect& tile, const QRect& image) {
 
 /// Texture and colours of the pixels with one label.
 bool looksLikePortrait(const QImage& image, const QRect& tile, const cv::Mat& labels, int label,
-                       const QRect& box) {
+                       const QRect& box, const Ground& ground) {
     int pixels = 0;
     int smallSteps = 0;
     int equalSteps = 0;
@@ -99,23 +110,26 @@ bool looksLikePortrait(const QImage& image, const QRect& tile, const cv::Mat& la
             grey += std::abs(red) < 6 && std::abs(blue) < 6;
         }
     }
-    return pixels > 0 && smallSteps >= leastSmallSteps * pixels && equalSteps <= mostEqualSteps * pixels &&
+    return pixels > 0 && smallSteps >= ground.leastSmallSteps * pixels &&
+           equalSteps <= ground.mostEqualSteps * pixels &&
            (skin >= leastSkin * pixels || grey > greyPicture * pixels);
 }
 
-void appendAvatars(std::vector<QRect>& avatars, const QImage& image, const QRect& tile) {
+void appendAvatars(std::vector<QRect>& avatars, const QImage& image, const QRect& tile,
+                   const Ground& ground) {
     cv::Mat labels;
     cv::Mat components;
     cv::Mat centres;
-    const int count =
-        cv::connectedComponentsWithStats(unevenPixels(image, tile), labels, components, centres, 4);
+    const int count = cv::connectedComponentsWithStats(unevenPixels(image, tile, ground.tolerance), labels,
+                                                       components, centres, 4);
     for (int label = 1; label < count; ++label) {
         const int* component = components.ptr<int>(label);
         const QRect box(tile.x() + component[cv::CC_STAT_LEFT], tile.y() + component[cv::CC_STAT_TOP],
                         component[cv::CC_STAT_WIDTH], component[cv::CC_STAT_HEIGHT]);
         if (hasAvatarShape(box, component[cv::CC_STAT_AREA]) && !isCut(box, tile, image.rect()) &&
-            looksLikePortrait(image, tile, labels, label, box) &&
-            greyWindowShare(image, box) <= mostGreyWindow)
+            looksLikePortrait(image, tile, labels, label, box, ground) &&
+            greyWindowShare(image, box) <= mostGreyWindow &&
+            std::ranges::none_of(avatars, [&](const QRect& avatar) { return avatar.intersects(box); }))
             avatars.push_back(box);
     }
 }
@@ -124,8 +138,10 @@ void appendAvatars(std::vector<QRect>& avatars, const QImage& image, const QRect
 
 std::vector<QRect> findAvatars(const QImage& image, const QRect& area) {
     std::vector<QRect> avatars;
-    for (const QRect& tile : overlappingTiles(area & image.rect(), tileSide, tileOverlap))
-        appendAvatars(avatars, image, tile);
+    for (const QRect& tile : overlappingTiles(area & image.rect(), tileSide, tileOverlap)) {
+        for (const Ground& ground : {lossless, jpeg})
+            appendAvatars(avatars, image, tile, ground);
+    }
     const auto place = [](const QRect& box) { return std::tuple(box.y(), box.x()); };
     std::ranges::sort(avatars, {}, place);
     const auto repeated = std::ranges::unique(avatars);
