@@ -75,10 +75,7 @@ struct AnsweringPanel : FilePanel {
         meanwhile();
         return answer;
     }
-    std::optional<QUrl> chooseImage(const QString&) override {
-        meanwhile();
-        return answer;
-    }
+    std::optional<QUrl> chooseImage(const QString&) override { return answer; }
 };
 
 } // namespace Veilshot::StandIns
