@@ -75,7 +75,10 @@ struct AnsweringPanel : FilePanel {
         meanwhile();
         return answer;
     }
-    std::optional<QUrl> chooseImage(const QString&) override { return answer; }
+    std::optional<QUrl> chooseImage(const QString&) override {
+        meanwhile();
+        return answer;
+    }
 };
 
 } // namespace Veilshot::StandIns

@@ -23,7 +23,7 @@ FocusScope {
         target: view.session
 
         function onIsShownChanged() {
-            if (!view.session.isShown)
+            if (view.session.isShown)
                 paste.forceActiveFocus();
         }
     }

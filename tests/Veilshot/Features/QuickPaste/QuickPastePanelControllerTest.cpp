@@ -94,15 +94,19 @@ TEST_F(QuickPastePanelControllerTest, BeginsAfreshWhenShownAgain) {
 TEST_F(QuickPastePanelControllerTest, StaysForADragAndForItsOwnFilePanel) {
     int departures = 0;
     QObject::connect(controller.get(), &QuickPastePanelController::deactivated, [&] { ++departures; });
+    const auto leaveForLong = [] {
+        tellApplication(Qt::ApplicationInactive);
+        QTest::qWait(300); // longer than the panel waits
+    };
+    filePanel.meanwhile = leaveForLong;
     show();
     session().openImage();
-    tellApplication(Qt::ApplicationInactive);
     ASSERT_TRUE(waitUntil([&] { return !session().isChoosingFile(); }));
     EXPECT_TRUE(controller->isVisible());
     tellApplication(Qt::ApplicationActive);
 
     session().setDropTargeted(true);
-    tellApplication(Qt::ApplicationInactive);
+    leaveForLong();
     session().drop({}); // refused, and the user is told here
     EXPECT_TRUE(controller->isVisible());
     EXPECT_EQ(departures, 0);
@@ -123,6 +127,8 @@ TEST_F(QuickPastePanelControllerTest, TakesItsKeysBeforeItsButtonsDo) {
     QTest::keyClick(&panel(), Qt::Key_V, Qt::ShiftModifier);
     QKeyEvent held(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier, u"v"_s, true);
     QCoreApplication::sendEvent(&panel(), &held);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(session().errorMessage(), QString());
     QTest::keyClick(&panel(), Qt::Key_Return); // the button with the keyboard: "Paste"
     expectPasteFails();
     EXPECT_EQ(beeps, 5);
@@ -131,6 +137,8 @@ TEST_F(QuickPastePanelControllerTest, TakesItsKeysBeforeItsButtonsDo) {
     QTest::keyClick(&panel(), Qt::Key_Space); // the button that closes it
     EXPECT_FALSE(controller->isVisible());
     show();
+    QTest::keyClick(&panel(), Qt::Key_Space); // "Paste" again
+    expectPasteFails();
     QTest::keyClick(&panel(), Qt::Key_Escape, Qt::ShiftModifier);
     EXPECT_FALSE(controller->isVisible());
 }
