@@ -1,5 +1,6 @@
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
 
+#include "VeilshotCore/Analysis/DataDetection/AddressSpacing.h"
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressGrammar.h"
 
@@ -100,11 +101,7 @@ bool areOne(QStringView line, TextRange first, TextRange second) {
                                [](QChar character) { return character == u',' || character.isSpace(); });
 }
 
-} // namespace
-
-std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
-    if (std::ranges::none_of(line, [](QChar character) { return character.isDigit(); }))
-        return {};
+std::vector<TextRange> addressesIn(QStringView line) {
     const PostalAddressGrammar& grammar = PostalAddressGrammar::shared();
     std::vector<TextRange> addresses;
     for (TextRange address : anchors(line, grammar)) {
@@ -117,6 +114,33 @@ std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
             addresses.push_back(address);
     }
     return addresses;
+}
+
+/// In text order; those that overlap become one.
+std::vector<TextRange> merged(std::vector<TextRange> addresses) {
+    std::ranges::sort(addresses, {}, &TextRange::location);
+    std::vector<TextRange> apart;
+    for (const TextRange address : addresses) {
+        if (!apart.empty() && apart.back().intersects(address))
+            apart.back() = united(apart.back(), address);
+        else
+            apart.push_back(address);
+    }
+    return apart;
+}
+
+} // namespace
+
+std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
+    if (std::ranges::none_of(line, [](QChar character) { return character.isDigit(); }))
+        return {};
+    std::vector<TextRange> addresses = addressesIn(line);
+    const RewrittenLine spaced = withBlanksOfAddresses(line);
+    if (!spaced.isChanged())
+        return addresses;
+    for (const TextRange address : addressesIn(spaced.text()))
+        addresses.push_back(spaced.original(address));
+    return merged(std::move(addresses));
 }
 
 } // namespace Veilshot

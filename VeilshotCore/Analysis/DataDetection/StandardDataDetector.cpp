@@ -6,6 +6,13 @@ namespace Veilshot {
 
 std::vector<DataMatch> StandardDataDetector::matches(const QString& line) const {
     std::vector<DataMatch> matches = m_links.find(line);
+    for (const DataMatch& link : m_misreadLinks.find(line)) {
+        const auto contains = [&](const DataMatch& found) {
+            return found.range.location <= link.range.location && found.range.end() >= link.range.end();
+        };
+        if (std::ranges::none_of(matches, contains))
+            matches.push_back(link);
+    }
     for (const TextRange range : m_credentials.find(line))
         matches.push_back({DataMatch::Type::link, range, {}});
     for (const TextRange range : m_phoneNumbers.find(line))

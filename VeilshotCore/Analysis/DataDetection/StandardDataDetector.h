@@ -2,6 +2,7 @@
 
 #include "VeilshotCore/Analysis/DataDetection/CredentialFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/LinkFinder.h"
+#include "VeilshotCore/Analysis/DataDetection/MisreadLinkFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PersonalNumberFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PhoneNumberFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
@@ -20,6 +21,7 @@ public:
 
 private:
     LinkFinder m_links;
+    MisreadLinkFinder m_misreadLinks;
     CredentialFinder m_credentials;
     PhoneNumberFinder m_phoneNumbers;
     PersonalNumberFinder m_personalNumbers;
