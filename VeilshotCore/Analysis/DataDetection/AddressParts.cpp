@@ -29,7 +29,7 @@ QString beforeNumber() {
 }
 
 QString houseNumber() {
-    return beforeNumber() + uR"(\d{1,6}(?:-\d{1,4})?[A-Z]?)"_s;
+    return beforeNumber() + uR"((?!\d{3}-\d{4}\b)\d{1,6}(?:-\d{1,4})?[A-Z]?)"_s;
 }
 
 QString compass() {

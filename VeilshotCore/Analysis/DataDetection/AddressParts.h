@@ -17,7 +17,7 @@ QString city();
 /// Where a name or a number may begin.
 QString beforeName();
 QString beforeNumber();
-/// In front of its street.
+/// In front of its street; not the end of a phone number.
 QString houseNumber();
 QString compass();
 

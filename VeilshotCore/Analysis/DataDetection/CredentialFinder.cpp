@@ -21,7 +21,8 @@ const QString secretLabel =
 
 struct Expressions {
     /// Group 1 is what the label names. A column between them arrives as a tab.
-    RegularExpression column{u"^\\s*(?:[\\w-]+\\s){0,2}"_s + secretLabel + uR"(\s*[:.]?\t\s*(\S{4,})\s*$)"_s};
+    RegularExpression column{u"^\\s*(?:[\\w-]+\\s){0,2}"_s + secretLabel +
+                             uR"(\s*[:.]?\t\s*(\S{4,}|\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,})\s*$)"_s};
     RegularExpression assignment{u"[\\w.-]*"_s + secretLabel +
                                  uR"([\w-]*["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
                                  uR"(([^\s"'”“,;<>(){}\[\]$*•]{6,}+)(?![(\[{]))"_s};
@@ -34,6 +35,10 @@ struct Expressions {
         uR"(|github_pat_\w{12,}|glpat-[\w-]{12,}|xox[abeoprs]-[\w-]{10,}|npm_\w{16,}|hf_\w{16,}|ya29\.[\w-]{16,})"
         uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|[rsp]k_(?:live|test|prod|demo)_\w{10,}|whsec_\w{12,})"
         uR"(|eyJ[\w-]{6,}\s?\.\s?[\w-]{4,}(?:\s?\.\s?[\w-]{4,}(?:\s[\w-]{12,})?)?))",
+        sensitive};
+    /// The beginning of a signed token, and a key behind the initials of whose it is.
+    RegularExpression beginning{
+        uR"((?<![A-Za-z0-9])(?:ey_?[JI]_?[\w-]{6,}|[a-z]{2,5}_(?:[a-z]{2,6}_)?(?=[A-Za-z]{0,20}\d)[A-Za-z0-9]{18,}))",
         sensitive};
     RegularExpression run{uR"([\p{L}\p{N}][\p{L}\p{N}_+/~-]{14,}[\p{L}\p{N}-]={0,2})"};
 
@@ -75,6 +80,33 @@ bool isChosen(QStringView text) {
     return hasLetters && (parts.digits > 0 || hasRareSign);
 }
 
+/// How often a capital follows a small letter, or a letter a digit or the other way round.
+int breaks(QStringView text) {
+    QChar previous;
+    int breaks = Composition(text).changes;
+    for (const QChar character : text) {
+        breaks += previous.isLower() && character.isUpper();
+        previous = character;
+    }
+    return breaks;
+}
+
+/// A credential in which a sign was misread or a blank was made up goes on behind it, as long as what comes
+/// looks as if nobody had thought of it either.
+TextRange grown(QStringView line, TextRange credential) {
+    constexpr int fewestBreaks = 2;
+    constexpr qsizetype shortestPiece = 4;
+    static const RegularExpression piece(
+        uR"((?:[^\s\p{L}\p{N}"'”“<>]|\s?[.,]\s?|(?<=[_-])\s|\s)([\p{L}\p{N}_/+-]{2,}+))");
+    for (;;) {
+        const auto next = piece.matchAt(line, credential.end());
+        if (!next || next->groups[0].length < shortestPiece ||
+            breaks(line.sliced(next->groups[0].location, next->groups[0].length)) < fewestBreaks)
+            return credential;
+        credential.length = next->range.end() - credential.location;
+    }
+}
+
 /// Whether nobody thought of this run of letters and digits: they alternate, which neither names of files nor
 /// versions nor paths do for long.
 bool isRandom(QStringView text) {
@@ -84,7 +116,10 @@ bool isRandom(QStringView text) {
         return false;
     const Composition parts(text);
     const int leastOfPath = text.contains(u'/') ? 2 * leastChanges : leastChanges;
-    return parts.changes >= leastOfPath && parts.upper + parts.lower >= 4 && parts.digits >= 3;
+    const bool isUnbroken =
+        std::ranges::all_of(text, [](QChar character) { return character.isLetterOrNumber(); });
+    const int fewestDigits = isUnbroken && parts.changes > leastChanges ? 2 : 3;
+    return parts.changes >= leastOfPath && parts.upper + parts.lower >= 4 && parts.digits >= fewestDigits;
 }
 
 } // namespace
@@ -101,7 +136,9 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
             *overlapping = range;
     };
     for (const TextRange range : expressions.knownShape.ranges(line))
-        add(range);
+        add(grown(line, range));
+    for (const TextRange range : expressions.beginning.ranges(line))
+        add(grown(line, range));
     for (const RegularExpression* expression :
          {&expressions.column, &expressions.assignment, &expressions.sentence}) {
         for (const auto& match : expression->matches(line)) {
@@ -112,7 +149,7 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
     }
     for (const TextRange range : expressions.run.ranges(line)) {
         if (isRandom(line.sliced(range.location, range.length)))
-            add(range);
+            add(grown(line, range));
     }
     std::ranges::sort(found, {}, &TextRange::location);
     return found;

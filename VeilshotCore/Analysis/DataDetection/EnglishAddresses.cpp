@@ -79,7 +79,7 @@ QString spanishStreet() {
 /// Any capitalized words after a number: enough where a town with state or postcode follows.
 QString wordsBeforePlace() {
     return houseNumber() + uR"(\s+)"_s + optional(compass() + uR"(\s+)"_s) +
-           uR"((?:(?:[A-Z\d][\w'’.\-]{0,40}+|)"_s + smallWord +
+           uR"((?:(?:(?:[A-Z]|\d{1,3}(?=[a-z]))[\w'’.\-]{0,40}+|)"_s + smallWord +
            uR"()\s+){0,3}[A-Z\d][\w'’.\-]{0,40}+\s?,?\s?)"_s + optional(unit() + uR"(\s?)"_s) + uR"(,\s*)"_s +
            city() + uR"(,?\s+)"_s +
            anyOf({state() + uR"(\s+)"_s + zip() + uR"((?!\w))"_s, britishPostcode()});

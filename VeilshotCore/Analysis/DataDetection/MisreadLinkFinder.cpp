@@ -61,11 +61,11 @@ private:
             beforeLocal + local + uR"(@[\p{L}\p{N}-]{2,40}(?:[,;:·_]\s?|\s|\.\s))"_s + ending,
             beforeLocal + uR"((?=[\p{L}.]*[._\d]))"_s + local +
                 uR"(@[\p{L}-]{2,40}(?:com|net|org|dk|eu|de)(?![\p{L}\p{N}./:]))"_s,
-            beforeLocal + uR"((?=\p{L}+[._]))"_s + compound +
+            beforeLocal + uR"((?=[\p{L}-]+[._]))"_s + local +
                 uR"(@(?!latest|next|beta|alpha|canary|rc)(?:\p{L}[\p{L}-]{0,40})?\.?(?=\s|$|[+…"'”,;)>|]))"_s,
             // A blank was read into the name.
             uR"((?<![\p{L}\p{N}._%+@/\\])[\p{L}\p{N}]{2,30}[_-]\s)"_s + local + u'@' + domain,
-            uR"((?<=^|\t|\s{2}|[<(:="'“])[\p{L}\p{N}]{2,30}\.\s)"_s + local + u'@' + domain,
+            uR"((?<![\p{L}\p{N}._%+@/\\])(?-i:\p{Ll})[\p{L}\p{N}]{2,30}\.\s)"_s + word + u'@' + domain,
         };
         for (const QString& pattern : emailPatterns)
             emails.emplace_back(pattern);

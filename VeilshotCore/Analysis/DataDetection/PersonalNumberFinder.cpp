@@ -45,6 +45,10 @@ struct Expressions {
         uR"((?<![A-Za-z\d])([A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z]\s?\d\d\s?\d\d\s?\d\d\s?[A-D])(?![A-Za-z\d]))",
         RegularExpression::CaseSensitivity::sensitive};
 
+    /// The number of a Dane, its hyphen misread.
+    RegularExpression civil{
+        uR"((?<![\d.,/-])((?:[0-2]\d|3[01])(?:0\d|1[0-2])\d\d(?:\s?[-–—_~]{1,3}\s?|[.:=])\d{4})(?![\d/-]|[.,]\d))"};
+
     static const Expressions& shared() {
         static const Expressions expressions;
         return expressions;
@@ -60,7 +64,7 @@ std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
     std::vector<TextRange> found;
     for (const RegularExpression* expression :
          {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.inDigits,
-          &expressions.document, &expressions.bank, &expressions.britishInsurance}) {
+          &expressions.document, &expressions.bank, &expressions.civil, &expressions.britishInsurance}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange range = match.groups[0];
             if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))

@@ -26,7 +26,9 @@ bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
     constexpr qsizetype shortestLowercaseTown = 6;
     const auto [prefix, postcode, first, second] =
         std::array{match.groups[0], match.groups[1], match.groups[2], match.groups[3]};
-    const QStringView town = line.sliced(first.location, first.length);
+    QStringView town = line.sliced(first.location, first.length);
+    if (town.endsWith(u'.')) // of the sentence
+        town.chop(1);
     if (town[0].isLower() && town.size() < shortestLowercaseTown)
         return false;
     if (prefix.location >= 0)

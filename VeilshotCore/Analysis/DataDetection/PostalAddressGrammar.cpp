@@ -36,7 +36,7 @@ const QString separator = uR"((?:\s*,\s*|\s+))"_s;
 const QString separatorOfUnit = uR"((?:\s*[,.]\s*|\s+))"_s;
 const QString district = uR"((?:\s+(?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b))"_s;
 /// Where a cell of a table ends, or what the neighbour of a cut one begins with.
-const QString cellEnd = uR"((?=[^\w\s,]{0,2}\s*(?:$|\t|\s{2,}|[|+]|\s\d)))"_s;
+const QString cellEnd = uR"((?=\s?[^\w\s,]{0,2}\s*(?:$|\t|\s{2,}|[|+]|\s\d)))"_s;
 
 /// Some of them cut off at the edge of a cell or misread, which proves enough behind a street.
 QStringList placePatterns() {
