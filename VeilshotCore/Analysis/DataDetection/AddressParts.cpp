@@ -29,7 +29,7 @@ QString beforeNumber() {
 }
 
 QString houseNumber() {
-    return beforeNumber() + uR"((?!\d{3}-\d{4}\b)\d{1,6}(?:-\d{1,4})?[A-Z]?)"_s;
+    return beforeNumber() + uR"((?!\d{3}-\d{4}\b)\d{1,6}(?:-\d{1,4})?[A-Za-c]?)"_s;
 }
 
 QString compass() {
@@ -63,6 +63,10 @@ QString zip() {
 QString britishPostcode() {
     return uR"((?![A-Z]\d{1,2}\s\d[GTP]B\b)(?:GIR\s0AA|(?:[A-PR-UWYZ](?:\d{1,2}|[A-HK-Y]\d{1,2}|\d[A-HJKPSTUW])"
            uR"(|[A-HK-Y]\d[ABEHMNPRV-Y]))\s\d[ABD-HJLNP-UW-Z]{2})\b)"_s;
+}
+
+QString irishPostcode() {
+    return uR"([AC-FHKNPRTV-Y]\d[\dW]\s(?=[A-Z\d]{0,3}\d)[AC-FHKNPRTV-Y\d]{4}\b)"_s;
 }
 
 QString canadianPostcode() {

@@ -32,6 +32,7 @@ QString state();
 QString zip();
 /// The strict form with its blank.
 QString britishPostcode();
+QString irishPostcode();
 QString canadianPostcode();
 QString continentalPostcode();
 QString swedishPostcode();

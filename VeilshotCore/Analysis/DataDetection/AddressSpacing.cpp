@@ -32,7 +32,7 @@ private:
             uR"((?<=\d,)(?=\d{4}\s?\p{Lu}\p{L}|\d{1,2}\.?\s?(?:tv|th|mf)\b))"_s,
             uR"((?<=\b(?:Flat|Apt|Apartment|Unit|Suite)\s?\d{1,4},)(?=\d))"_s,
             // "LowerMarsh", "St.Louis", "GlasgowG12", "HawthorneBlvd", but not "TextView".
-            uR"((?<=(?<!\bMc|\bMac)\p{Ll})(?=\p{Lu}\p{Ll}(?!iew\b|ath\b|un\b|oop\b|lose\b)))"_s,
+            uR"((?<=(?<!\bMc|\bMac)\p{Ll})(?=\p{Lu}\p{Ll}(?!ew\b|th\b|n\b|op\b|ose\b)))"_s,
             uR"((?<=\p{Ll}\.)(?=\p{Lu}\p{Ll})|(?<=\p{Ll}{2})(?=[A-Z]{1,2}\d|(?:NE|NW|SE|SW)\b))"_s,
             // "Lyngbakken79", "Suite749", "OR97455".
             uR"((?<=\p{L}\p{Ll})(?=\d{1,4}[A-Z]?(?!\w))|(?<=[,\s][A-Z]{2})(?=\d{5}\b))"_s,

@@ -28,6 +28,25 @@ QString frenchAddress() {
            city();
 }
 
+// Spain, Italy, Portugal, Poland: "Calle de Alcalá 12", "ul. Długa 5 m. 8"
+
+QString streetBehindItsType() {
+    return beforeName() +
+           uR"((?:Calle|Avenida|Avda\.|Paseo|Camino|Via|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
+           uR"((?:(?:de|dei|del|della|delle|di|da|do|dos|la|las|los|el)\s+){0,2})"_s +
+           name() + uR"((?:\s+)"_s + name() +
+           uR"(){0,2},?\s+\d{1,4}(?:\s?[A-Za-z]\b|/\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
+}
+
+// Japan: "2-14-7 Yanaka", "Taito-ku 110-0001"
+
+QString japaneseBlock() {
+    return anyOf(
+        {beforeNumber() +
+             uR"(\d{1,2}-\d{1,2}-\d{1,2}\s+(?!(?i:jan|feb|mar|apr|ma[iy]|ju[nl]|aug|sep|o[ck]t|nov|dec|mon|tue|wed|thu|fri|sat|sun))\p{Lu}\p{Ll}{3,20}(?=\s*(?:,|$|\t)))"_s,
+         uR"(\p{Lu}\p{Ll}{2,20}-(?:ku|shi|cho|machi)(?:,?\s+\p{Lu}\p{Ll}{2,20})?\s+\d{3}-\d{4}(?!\d))"_s});
+}
+
 // Denmark, Norway, Sweden, Germany: the number follows the street
 
 /// With what "æ" is taken for.
@@ -38,7 +57,7 @@ const QString streetEnding =
     u"mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
     u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|straße"
-    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu"_s;
+    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|vegur|stígur|stigur|(?<=[a-zäö]{3}n)tie"_s;
 /// Not after one or two letters: Palle and Kalle are people.
 const QString avenueEnding = uR"((?<=[\w'’.\-]{3})all[eé]e?n?)"_s;
 const QString streetWord = u"(?:[Vv]ej|[Vv]äg|[Ss]tr\\.|[Gg]ade|[Aa]ll[eé]|[Pp]lads|[Tt]orv|[Bb]oulevard|[Ss]"
@@ -99,8 +118,9 @@ QString continentalAddress() {
 } // namespace
 
 QStringList continentalAddresses() {
-    return {frenchStreet(),    frenchAddress(),      nordicStreet(),      nordicStreetOfWords(),
-            lowercaseStreet(), continentalAddress(), streetBeforeFloor(), streetByItsPlace()};
+    return {frenchStreet(),      frenchAddress(),       streetBehindItsType(), japaneseBlock(),
+            nordicStreet(),      nordicStreetOfWords(), lowercaseStreet(),     continentalAddress(),
+            streetBeforeFloor(), streetByItsPlace()};
 }
 
 } // namespace Veilshot

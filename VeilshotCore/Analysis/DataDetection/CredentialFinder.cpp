@@ -36,10 +36,15 @@ struct Expressions {
         uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|[rsp]k_(?:live|test|prod|demo)_\w{10,}|whsec_\w{12,})"
         uR"(|eyJ[\w-]{6,}\s?\.\s?[\w-]{4,}(?:\s?\.\s?[\w-]{4,}(?:\s[\w-]{12,})?)?))",
         sensitive};
-    /// The beginning of a signed token, and a key behind the initials of whose it is.
-    RegularExpression beginning{
-        uR"((?<![A-Za-z0-9])(?:ey_?[JI]_?[\w-]{6,}|[a-z]{2,5}_(?:[a-z]{2,6}_)?(?=[A-Za-z]{0,20}\d)[A-Za-z0-9]{18,}))",
-        sensitive};
+    /// Behind the initials of whose it is, as far as it was read well.
+    RegularExpression keyOfSomebody{uR"((?<![A-Za-z0-9])[a-z]{2,5}_(?:[A-Za-z]{2,7}_)?[A-Za-z0-9]{6,})",
+                                    sensitive};
+    /// Group 1 is a number that opens something, which is a secret for what stands before it only.
+    RegularExpression code{
+        uR"((?<!\p{L})(?:pin(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|verification|one-time) ?code|passcode|otp|cv[cv]2?)"
+        uR"(|(?:sikkerheds|engangs|adgangs|dør|alarm)kode|kontrolcifre)\s*(?:[:.=#]|is|er)?\s*(\d{3,8})(?![\d.,]))"};
+    /// The beginning of one, which says in letters that it is one.
+    RegularExpression signedToken{uR"((?<![A-Za-z0-9])ey_?[JI]_?[\w-]{6,})", sensitive};
     RegularExpression run{uR"([\p{L}\p{N}][\p{L}\p{N}_+/~-]{14,}[\p{L}\p{N}-]={0,2})"};
 
     static const Expressions& shared() {
@@ -107,6 +112,28 @@ TextRange grown(QStringView line, TextRange credential) {
     }
 }
 
+/// A signed token is long and has every sign there is: it goes on over blanks and all signs, past a stray one
+/// or two.
+TextRange grownSignedToken(QStringView line, TextRange token) {
+    constexpr qsizetype shortPiece = 6;
+    static const RegularExpression pieces[] = {RegularExpression(uR"((?:\s?(\S+)))"),
+                                               RegularExpression(uR"((?:\s?\S{1,2}\s(\S+)))")};
+    const auto nextEnd = [&] {
+        for (const RegularExpression& piece : pieces) {
+            const auto next = piece.matchAt(line, token.end());
+            if (!next)
+                continue;
+            const TextRange text = next->groups[0];
+            if (breaks(line.sliced(text.location, text.length)) >= (text.length <= shortPiece ? 1 : 2))
+                return next->range.end();
+        }
+        return token.end();
+    };
+    for (qsizetype end = nextEnd(); end > token.end(); end = nextEnd())
+        token.length = end - token.location;
+    return token;
+}
+
 /// Whether nobody thought of this run of letters and digits: they alternate, which neither names of files nor
 /// versions nor paths do for long.
 bool isRandom(QStringView text) {
@@ -125,6 +152,8 @@ bool isRandom(QStringView text) {
 } // namespace
 
 std::vector<TextRange> CredentialFinder::find(QStringView line) const {
+    constexpr qsizetype shortestKey = 18;
+    constexpr int fewestBreaksOfKey = 4;
     const Expressions& expressions = Expressions::shared();
     std::vector<TextRange> found;
     const auto add = [&](TextRange range) {
@@ -137,8 +166,15 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
     };
     for (const TextRange range : expressions.knownShape.ranges(line))
         add(grown(line, range));
-    for (const TextRange range : expressions.beginning.ranges(line))
-        add(grown(line, range));
+    for (const TextRange range : expressions.keyOfSomebody.ranges(line)) {
+        const TextRange key = grown(line, range);
+        if (key.length >= shortestKey && breaks(line.sliced(key.location, key.length)) >= fewestBreaksOfKey)
+            add(key);
+    }
+    for (const auto& match : expressions.code.matches(line))
+        add(match.groups[0]);
+    for (const TextRange range : expressions.signedToken.ranges(line))
+        add(grownSignedToken(line, range));
     for (const RegularExpression* expression :
          {&expressions.column, &expressions.assignment, &expressions.sentence}) {
         for (const auto& match : expression->matches(line)) {

@@ -1,11 +1,6 @@
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
 
-#include <QHash>
-#include <QSet>
-#include <QString>
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
+#include "VeilshotCore/Analysis/DataDetection/TownNames.h"
 
 namespace Veilshot {
 
@@ -78,52 +73,11 @@ constexpr QStringView towns =
     u"ålborg, ålbæk, ålestrup, ålsgårde, århus, årre, årslev, årup, ærø, ærøskøbing, ødsted, ølgod, "
     u"ølsted, ølstykke, ørnhøj, ørsted, ørum, østbirk, øster assels, østerbro, østermarie, østervrå";
 
-/// Names shorter than these are words as soon as a letter of theirs is another.
-constexpr qsizetype shortestFolded = 5;
-constexpr qsizetype shortestMisread = 8;
-
-/// In lower case, with one spelling for the letters that are taken for each other.
-QString folded(QStringView name) {
-    static const QHash<QChar, QString> spellings{{u'æ', u"ae"_s}, {u'ä', u"ae"_s}, {u'ø', u"o"_s},
-                                                 {u'ö', u"o"_s},  {u'å', u"a"_s},  {u'0', u"o"_s},
-                                                 {u'1', u"l"_s},  {u'|', u"l"_s}};
-    QString folded;
-    for (const QChar character : name.toString().toLower())
-        folded += spellings.value(character, character);
-    return folded.replace(u"aa"_s, u"a"_s);
-}
-
-bool differsByOneLetter(QStringView first, QStringView second) {
-    if (first.size() != second.size() || first.front() != second.front())
-        return false;
-    int differences = 0;
-    for (qsizetype place = 0; place < first.size() && differences < 2; ++place)
-        differences += first[place] != second[place];
-    return differences == 1;
-}
-
-struct KnownTowns {
-    QSet<QString> exact;
-    QSet<QString> withFoldedLetters;
-
-    KnownTowns() {
-        for (const QStringView town : towns.split(u", "_s)) {
-            exact.insert(town.toString());
-            if (town.size() >= shortestFolded)
-                withFoldedLetters.insert(folded(town));
-        }
-    }
-};
-
 } // namespace
 
 bool isDanishTown(QStringView name) {
-    static const KnownTowns known;
-    const QString wanted = folded(name);
-    return known.exact.contains(name.toString().toLower()) || known.withFoldedLetters.contains(wanted) ||
-           (wanted.size() >= shortestMisread &&
-            std::ranges::any_of(known.withFoldedLetters,
-                                [&](const QString& town) { return differsByOneLetter(wanted, town); }));
+    static const TownNames names(towns);
+    return names.contains(name);
 }
 
 } // namespace Veilshot

@@ -19,17 +19,7 @@ const QString streetType =
     u"|Run|Bend|Ridge|Commons|Embankment|Approach|Vale|Mount"_s;
 /// Words that end the name of a street, and many another name too: only where nothing else stands.
 const QString rareStreetType =
-    u"Acre|Acres|Arcade|Bay|Beach|Bluff|Bottom|Brae|Branch|Bridge|Brook|Brow|Bypass|Canyon|Causeway|Chase|"
-    u"Cliff"
-    u"|Circus|Common|Corner|Cove|Creek|Croft|Cross|Crossing|Crossroads|Dale|Dell|Dene|Down|Downs|Estate|"
-    u"Estates"
-    u"|Expressway|Falls|Farm|Ferry|Ford|Forge|Fork|Freeway|Garth|Glade|Glen|Grange|Harbor|Harbour|Haven|Heath"
-    u"|Heights|Hills|Hollow|Holme|Hts|Hurst|Island|Isle|Junction|Knoll|Knolls|Lake|Lakes|Landing|Lawn|Lea"
-    u"|Leas|Lodge|Mall|Manor|Marsh|Mead|Meadow|Meadows|Mill|Mills|Mission|Moor|Motorway|Nook|Orchard|Oval"
-    u"|Overlook|Paddock|Park|Pass|Passage|Pier|Pines|Pointe|Pond|Port|Prairie|Promenade|Ranch|Rapids|Reach|"
-    u"Ride"
-    u"|Ridings|Shoal|Shore|Shores|Sands|Spinney|Spring|Springs|Spur|Strand|Summit|Trace|Track|Trafficway"
-    u"|Throughway|Tunnel|Valley|Via|Viaduct|Village|Villas|Vista|Well|Wells|Wood|Woods|Wynd"_s;
+    u"Acre|Acres|Arcade|Bay|Beach|Bluff|Brae|Bridge|Brook|Brow|Bypass|Canyon|Causeway|Chase|Cliff|Circus|Common|Cove|Creek|Croft|Cross|Crossing|Crossroads|Dale|Dell|Dene|Downs|Estates|Expressway|Falls|Farm|Ferry|Ford|Forge|Fork|Freeway|Garth|Glade|Glen|Grange|Harbor|Harbour|Haven|Heath|Heights|Hills|Hollow|Holme|Hts|Hurst|Island|Isle|Junction|Knoll|Knolls|Lake|Lakes|Landing|Lawn|Lea|Leas|Lodge|Mall|Manor|Marsh|Mead|Meadow|Meadows|Mill|Mills|Moor|Motorway|Nook|Orchard|Oval|Overlook|Paddock|Park|Passage|Pines|Pointe|Pond|Prairie|Promenade|Ranch|Rapids|Reach|Ridings|Shoal|Shore|Shores|Sands|Spinney|Springs|Spur|Strand|Summit|Trace|Trafficway|Throughway|Tunnel|Valley|Viaduct|Village|Villas|Vista|Wells|Wood|Woods|Wynd"_s;
 /// "Order ID 10293", "Status OK 20000": states that are words follow a comma.
 const QString wordlikeState = uR"((?:HI|ID|IN|ME|OK|OR)\b)"_s;
 const QString streetWord = uR"([A-Z][\w'’.\-]{0,40}+)"_s;
@@ -41,6 +31,11 @@ const QString certainUnit = uR"((?:Apt|Apartment|Flat|Suite|Ste|Unit|APT|UNIT|SU
 const QString notCounted =
     uR"((?<!\b(?i:top|day|week|level|chapter|season|episode|version|scene|step|page|part|phase|stage|round)"
     uR"(|track|volume|vol|windows|iphone|q[1-4])\s))"_s;
+
+/// What is counted, behind the number: "24 Hour Fitness Park".
+const QString notUnitOfMeasure =
+    uR"((?!(?:Minutes?|Mins?|Hours?|Days?|Weeks?|Months?|Years?|Nights?|Percent|Meters?|Metres?|Miles?|GB|MB|TB)"
+    uR"(|Bed(?:room)?s?|Best|Great|New|Free|Annual|Star|Items?|People|Unread|Things|Ways|Reasons|Top)\b))"_s;
 
 /// "10 Downing Street", "45 W 25th St", but neither "5 Star Hotel View" nor "Level 3 Green Hill".
 QString street() {
@@ -82,13 +77,13 @@ QString wordsBeforePlace() {
            uR"((?:(?:(?:[A-Z]|\d{1,3}(?=[a-z]))[\w'’.\-]{0,40}+|)"_s + smallWord +
            uR"()\s+){0,3}[A-Z\d][\w'’.\-]{0,40}+\s?,?\s?)"_s + optional(unit() + uR"(\s?)"_s) + uR"(,\s*)"_s +
            city() + uR"(,?\s+)"_s +
-           anyOf({state() + uR"(\s+)"_s + zip() + uR"((?!\w))"_s, britishPostcode()});
+           anyOf({state() + uR"(\s+)"_s + zip() + uR"((?!\w))"_s, britishPostcode(), irishPostcode()});
 }
 
 /// Or a flat on either side: "Flat 12, 114 Cathedral Row", "2755 Lower Marsh, Apt 11B".
 QString wordsBesideUnit() {
-    const QString words = houseNumber() + uR"(\s+)"_s + optional(compass() + uR"(\s+)"_s) + u"(?:(?:"_s +
-                          streetWord + u'|' + smallWord + uR"()\s+){0,4}?)"_s + streetWord +
+    const QString words = houseNumber() + uR"(\s+)"_s + notUnitOfMeasure + optional(compass() + uR"(\s+)"_s) +
+                          u"(?:(?:"_s + streetWord + u'|' + smallWord + uR"()\s+){0,4}?)"_s + streetWord +
                           uR"((?:\s+\d{1,4})?)"_s;
     return anyOf({uR"((?<!\w)(?:Flat|Apt|Apartment)\s?\w{1,4}[,.]\s*)"_s + words,
                   words + uR"((?:\s*[,.]\s*)"_s + certainUnit +
@@ -97,8 +92,28 @@ QString wordsBesideUnit() {
 
 /// "210 Lower Marsh", where nothing else stands.
 QString streetAlone() {
-    return uR"((?<=^|\t)\s*\d{1,5}[A-Z]?\s+)"_s + optional(compass() + uR"(\s+)"_s) + u"(?:"_s + streetWord +
-           uR"(\s+){1,3}?)"_s + anyOf({streetType, rareStreetType}) + uR"((?=\s*[,.]?\s*(?:$|\t)))"_s;
+    const QString notYear = uR"((?!(?:19|20)\d\d\s))"_s;
+    return uR"((?<=^|\t)\s*)"_s + notYear + uR"(\d{1,5}[A-Z]?\s+)"_s + notUnitOfMeasure +
+           optional(compass() + uR"(\s+)"_s) + u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s +
+           anyOf({rareStreetType}) + uR"((?=\s*[,.]?\s*(?:$|\t|,\s*)"_s + city() + uR"((?:$|\t))))"_s;
+}
+
+/// "Rowan Cottage, Shore Rd", "The Old Forge, 5 Sexton’s", "Apt 6C": houses and flats with their street, or
+/// where nothing else stands.
+QString houseOrFlat() {
+    const QString start = uR"((?<=^|\t)\s*)"_s;
+    const QString end = uR"((?=\s*[,.]?\s*(?:$|\t)))"_s;
+    const QString words = u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s;
+    return start +
+           anyOf(
+               {words +
+                    uR"((?:Cottage|House|Lodge|Barn|Farm|Mill|Forge|Rectory|Vicarage|Manor|Villa|Grange|Hall|Farmhouse)\s*,\s*)"_s +
+                    anyOf(
+                        {uR"(\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s + streetWord + u"){0,3}"_s,
+                         words + anyOf({streetType}) + uR"(\b)"_s}),
+                words + uR"((?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
+                uR"((?:(?:Apt|Apartment|Flat|Suite|Ste)\.?\s?#?\s?\d{1,4}[A-Z]?|Unit\s?\d{1,4}[A-Z]))"_s +
+                    end});
 }
 
 QString americanPlace() {
@@ -108,14 +123,25 @@ QString americanPlace() {
 
 QString britishPlace() {
     return uR"((?<![\w@.])(?:(?!(?:From|To|At|In|Postcode|Zip|Code)\b))"_s + city() + uR"(,?\s+)?)"_s +
-           britishPostcode();
+           anyOf({britishPostcode(), irishPostcode()});
+}
+
+/// The end of it misread, where nothing else stands: "Ludlow SY8 90x".
+QString misreadBritishPlace() {
+    const QString area =
+        u"(?:A[BL]|B[ABDHLNRST]|C[ABFHMORTVW]|D[ADEGHLNTY]|E[CHNX]|F[KY]|G[LU]|H[ADGPRSUX]|I[GPV]"
+        u"|K[ATWY]|L[ADELNSU]|M[EKL]|N[EGNPRW]|O[LX]|P[AEHLOR]|R[GHM]|S[AEGKLMNOPRSTWY]"
+        u"|T[ADFNQRSW]|UB|W[ACDFNRSV]|YO)"_s;
+    return uR"((?<=^|\t)\s*\p{Lu}\p{Ll}{2,20}(?:[ -]\p{L}{2,20}){0,3},?\s+)"_s + area +
+           uR"(\d{1,2}[A-Z]?\s?[\dOolISB](?=\w?[A-Za-z])[\dA-Za-z]{2}(?=\s*(?:$|\t)))"_s;
 }
 
 } // namespace
 
 QStringList englishAddresses() {
-    return {street(),          broadway(),    numberedRoad(),  spanishStreet(), wordsBeforePlace(),
-            wordsBesideUnit(), streetAlone(), americanPlace(), britishPlace()};
+    return {street(),           broadway(),        numberedRoad(),       spanishStreet(),
+            wordsBeforePlace(), wordsBesideUnit(), streetAlone(),        houseOrFlat(),
+            americanPlace(),    britishPlace(),    misreadBritishPlace()};
 }
 
 } // namespace Veilshot

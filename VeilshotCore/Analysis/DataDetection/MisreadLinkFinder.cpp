@@ -15,7 +15,7 @@ namespace {
 
 /// The endings of most addresses. A sign that may be a part of ordinary text counts in front of these only.
 const QString ending =
-    uR"((?:com|net|org|edu|gov|dk|eu|de|uk|se|no|fi|nl|fr|es|it|pl|ch|at|be|ie|io|dev|ca|us))"
+    uR"((?:com|net|org|edu|gov|dk|eu|de|uk|se|no|fi|nl|fr|es|it|pl|ch|at|be|ie|io|dev|ca|us|example))"
     uR"((?![\p{L}\p{N}(_]|\.\p{L}))"_s;
 const QString label = uR"([\p{L}\p{N}](?:[\p{L}\p{N}-]{0,40}[\p{L}\p{N}])?)"_s;
 const QString domain = u"(?:"_s + label + uR"(\.){1,3})"_s + ending;
@@ -28,7 +28,7 @@ const QString local = word + uR"((?:[._+-]{1,2})"_s + word + u"){0,3}"_s;
 /// Of addresses that are worth having with a blank inside.
 const QString scheme = uR"((?<![\p{L}\p{N}])(?:https?|wss?|ftps?|sftp|ssh|postgres(?:ql)?|mysql|mariadb)"
                        uR"(|mongodb(?:\+srv)?|rediss?|amqps?|kafka|ldaps?|smtps?|imaps?|jdbc|s3|git))"_s;
-const QString group = uR"(([\doilsbgz]{1,4}))"_s;
+const QString group = uR"(([\doils|]{1,4}))"_s;
 const QString dot = uR"((?:[.,]{1,2}_?|\._?\s?|_\.))"_s;
 
 struct Expressions {
@@ -51,7 +51,8 @@ private:
     Expressions() {
         const QString emailPatterns[] = {
             // Another sign at the place of the "@", or blanks around it.
-            beforeLocal + local + uR"(\s?(?:[&©®€£¢§¤]|\(a\)|\(@\))\s?)"_s + domain,
+            beforeLocal + local + uR"((?:[&©®€£¢§¤æœ]|\(a\)|\(@\)))"_s + domain,
+            beforeLocal + compound + uR"(\s?[&©®€£¢§¤]\s?)"_s + domain,
             beforeLocal + local + uR"(@\s)"_s + domain,
             beforeLocal + compound + uR"(\s@\s?)"_s + domain,
             // None: a blank behind "jonas_ravn", or a letter in "aniya_erdmanebrightloom.com".
@@ -62,7 +63,8 @@ private:
             beforeLocal + uR"((?=[\p{L}.]*[._\d]))"_s + local +
                 uR"(@[\p{L}-]{2,40}(?:com|net|org|dk|eu|de)(?![\p{L}\p{N}./:]))"_s,
             beforeLocal + uR"((?=[\p{L}-]+[._]))"_s + local +
-                uR"(@(?!latest|next|beta|alpha|canary|rc)(?:\p{L}[\p{L}-]{0,40})?\.?(?=\s|$|[+…"'”,;)>|]))"_s,
+                uR"(@(?!latest|next|beta|alpha|canary|rc)(?:\p{L}[\p{L}-]{0,40}){0,1}(?:\.\p{L}{0,3})?(?=\s|$|\.\.|[+…"'”,;)>|]))"_s,
+            beforeLocal + local + uR"(@[\p{L}\p{N}-]{1,40}(?:\.[\p{L}\p{N}-]{0,40}){0,2}(?:…|\.{2,3}))"_s,
             // A blank was read into the name.
             uR"((?<![\p{L}\p{N}._%+@/\\])[\p{L}\p{N}]{2,30}[_-]\s)"_s + local + u'@' + domain,
             uR"((?<![\p{L}\p{N}._%+@/\\])(?-i:\p{Ll})[\p{L}\p{N}]{2,30}\.\s)"_s + word + u'@' + domain,
@@ -76,6 +78,7 @@ private:
 /// with few misread digits and no more than one stray comma.
 bool isMachine(QStringView line, const RegularExpression::Match& match) {
     constexpr int fewestDigits = 7;
+    constexpr int fewestInPrivateNetwork = 5;
     constexpr int mostFaults = 2;
     static const QSet<QString> privateNetworks{u"10"_s, u"127"_s, u"172"_s, u"192"_s};
     const QStringView text = line.sliced(match.range.location, match.range.length);
@@ -91,11 +94,12 @@ bool isMachine(QStringView line, const RegularExpression::Match& match) {
         faults += number.size() > 3 || number.toInt() > 255;
     }
     const TextRange first = match.groups[0];
-    if (text.contains(u' ') &&
-        !privateNetworks.contains(line.sliced(first.location, first.length).toString()))
+    const bool isPrivate = privateNetworks.contains(line.sliced(first.location, first.length).toString());
+    if (text.contains(u' ') && !isPrivate)
         return false;
     const bool isWellRead = faults == 0 && digits + 3 == text.size();
-    return digits >= fewestDigits && faults <= mostFaults && !isWellRead;
+    return digits >= (isPrivate ? fewestInPrivateNetwork : fewestDigits) && faults <= mostFaults &&
+           !isWellRead;
 }
 
 } // namespace

@@ -20,7 +20,7 @@ const QString date = uR"((?:\d{1,2}(?:st|nd|rd|th)?\.?\s?(?:of\s|de\s)?)"_s + mo
                      uR"(|\d{1,2}[./-]\s?\d{1,2}[./-]\s?(?:)"_s + year + uR"(|\d{2})|)"_s + year +
                      uR"([./-]\d{1,2}[./-]\d{1,2}))"_s;
 /// The years in which the owners of most documents were born.
-const QString pastYear = uR"((?:19[2-9]\d|200\d))"_s;
+const QString pastYear = uR"((?:19[2-9]\d|200\d|201[0-7]))"_s;
 
 struct Expressions {
     /// Group 1 of each is the date or the number.
@@ -42,12 +42,18 @@ struct Expressions {
     RegularExpression bank{
         uR"((?<![\p{L}])(?:reg(?:istrerings)?[.\s-]{0,2}(?:nr|nummer|no)?|sort\s?code)[.:\s]{0,3}(\d{4}|\d\d[- ]\d\d[- ]\d\d)(?![\d.,]))"};
     RegularExpression britishInsurance{
-        uR"((?<![A-Za-z\d])([A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z]\s?\d\d\s?\d\d\s?\d\d\s?[A-D])(?![A-Za-z\d]))",
+        uR"((?<![A-Za-z\d])((?:QQ|[A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z])\s?\d\d\s?\d\d\s?\d\d\s?[A-D]c?)(?![A-Za-z\d]))",
         RegularExpression::CaseSensitivity::sensitive};
 
     /// The number of a Dane, its hyphen misread.
     RegularExpression civil{
         uR"((?<![\d.,/-])((?:[0-2]\d|3[01])(?:0\d|1[0-2])\d\d(?:\s?[-–—_~]{1,3}\s?|[.:=])\d{4})(?![\d/-]|[.,]\d))"};
+
+    /// A passport, or what is as long as one.
+    RegularExpression lettered{uR"((?<![\w-])([A-Z]{1,3}\d{7,9})(?![\w-]))",
+                               RegularExpression::CaseSensitivity::sensitive};
+    /// Where nothing else stands: no day is that late in the month.
+    RegularExpression sortCode{uR"((?<=^|\t)\s*(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};
 
     static const Expressions& shared() {
         static const Expressions expressions;
@@ -64,7 +70,8 @@ std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
     std::vector<TextRange> found;
     for (const RegularExpression* expression :
          {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.inDigits,
-          &expressions.document, &expressions.bank, &expressions.civil, &expressions.britishInsurance}) {
+          &expressions.document, &expressions.bank, &expressions.civil, &expressions.lettered,
+          &expressions.sortCode, &expressions.britishInsurance}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange range = match.groups[0];
             if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))

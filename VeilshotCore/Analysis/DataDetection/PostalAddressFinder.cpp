@@ -2,6 +2,7 @@
 
 #include "VeilshotCore/Analysis/DataDetection/AddressSpacing.h"
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
+#include "VeilshotCore/Analysis/DataDetection/LargeCities.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressGrammar.h"
 
 #include <QString>
@@ -20,7 +21,12 @@ TextRange united(TextRange first, TextRange second) {
     return {start, std::max(first.end(), second.end()) - start};
 }
 
-/// A number from 1900 to 2099 is a year, except in front of the two cities that have these postcodes. In
+bool isYear(QStringView postcode) {
+    const int number = postcode.toInt();
+    return number >= 1900 && number < 2100;
+}
+
+/// A year is one, except in front of the two cities that have these postcodes. In
 /// lower case the short towns are words (ringe, varde).
 bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
     constexpr qsizetype shortestLowercaseTown = 6;
@@ -33,12 +39,19 @@ bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
         return false;
     if (prefix.location >= 0)
         return true;
-    const int number = line.sliced(postcode.location, postcode.length).toInt();
-    if (number >= 1900 && number < 2100)
+    if (isYear(line.sliced(postcode.location, postcode.length)))
         return town.startsWith(u"frederiksberg", Qt::CaseInsensitive) ||
                town.startsWith(u"københavn", Qt::CaseInsensitive);
     return isDanishTown(town) ||
            (second.location >= 0 && isDanishTown(line.sliced(first.location, second.end() - first.location)));
+}
+
+bool isEuropeanPlace(QStringView line, const RegularExpression::Match& match) {
+    const auto [postcode, first, second] = std::array{match.groups[0], match.groups[1], match.groups[2]};
+    if (isYear(line.sliced(postcode.location, postcode.length)))
+        return false;
+    return isLargeCity(line.sliced(first.location, first.length)) ||
+           (second.location >= 0 && isLargeCity(line.sliced(first.location, second.end() - first.location)));
 }
 
 std::vector<TextRange> anchors(QStringView line, const PostalAddressGrammar& grammar) {
@@ -47,6 +60,10 @@ std::vector<TextRange> anchors(QStringView line, const PostalAddressGrammar& gra
         std::ranges::copy(expression.ranges(line), std::back_inserter(anchors));
     for (const auto& match : grammar.danishPlace.matches(line)) {
         if (isDanishPlace(line, match))
+            anchors.push_back(match.range);
+    }
+    for (const auto& match : grammar.europeanPlace.matches(line)) {
+        if (isEuropeanPlace(line, match))
             anchors.push_back(match.range);
     }
     std::ranges::sort(anchors, {}, [](TextRange range) { return std::pair(range.location, range.length); });

@@ -44,7 +44,7 @@ QStringList placePatterns() {
     return {
         city() + uR"(,?\s+)"_s + state() + optional(uR"(\s+)"_s + zip()) + uR"(\b(?![a-z]))"_s,
         city() + uR"(,\s*)"_s + state() + uR"(\s+)"_s + canadianPostcode(),
-        optional(city() + uR"(,?\s+)"_s) + britishPostcode(),
+        optional(city() + uR"(,?\s+)"_s) + anyOf({britishPostcode(), irishPostcode()}),
         continentalPostcode() + uR"(\s+)"_s + city() + district + u'?',
         swedishPostcode() + uR"(\s+)"_s + city(),
         zip() + uR"(\b)"_s,
@@ -64,6 +64,10 @@ PostalAddressGrammar::PostalAddressGrammar()
       danishPlace(compiled(uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå][\w.]{1,40}+))"_s +
                            uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s +
                            uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
+      europeanPlace(compiled(
+          uR"((?<![\w@.,#:\-])(?:[A-Z]{1,3}-\s?)?(\d{5}|\d{3}\s\d\d|\d\d-\d{3}|\d{4}-\d{3}|\d{4}(?:\s[A-Z]{2})?)"
+          uR"(|101(?=\s+R)))"
+          uR"(\s+(\p{Lu}[\p{L}'’\-]{1,30}+)(?:\s(\p{Lu}[\p{L}'’\-]{1,30}+))?)"_s)),
       continuations(compiled({floor(), unit()}, separatorOfUnit)),
       places(compiled(placePatterns(), separator)),
       area(compiled(uR"(\s*,\s*)"_s + city() + uR"((?=\s*,))"_s)),
