@@ -17,7 +17,9 @@ QString name() {
 }
 
 QString city() {
-    return name() + uR"((?:\s(?:)"_s + name() + u"|upon|on|of|am|an|der|le|la|sur|in)){0,3}"_s;
+    // A full stop only behind what is short for something ("St. Louis"): it ends the sentence elsewhere.
+    const QString word = uR"(\p{Lu}(?:[\w'’\-]{0,3}\.|[\w'’\-]{0,40}+))"_s;
+    return word + uR"((?:\s(?:)"_s + word + u"|upon|on|of|am|an|der|le|la|sur|in)){0,3}"_s;
 }
 
 QString beforeName() {

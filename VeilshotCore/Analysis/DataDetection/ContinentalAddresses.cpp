@@ -35,7 +35,7 @@ QString streetBehindItsType() {
            uR"((?:Calle|Avenida|Avda\.|Paseo|Camino|Via|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
            uR"((?:(?:de|dei|del|della|delle|di|da|do|dos|la|las|los|el)\s+){0,2})"_s +
            name() + uR"((?:\s+)"_s + name() +
-           uR"(){0,2},?\s+\d{1,4}(?:\s?[A-Za-z]\b|/\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
+           uR"(){0,2},?\s+\d{1,4}(?:\s?(?!m\.)[A-Za-z]\b|/\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
 }
 
 // Japan: "2-14-7 Yanaka", "Taito-ku 110-0001"
@@ -67,8 +67,9 @@ const QString wholeStreet =
     u"(?:[Tt]orvet|[Hh]avnen|[Kk]ajen|[Ss]trandvejen|[Ss]trøget|[Kk]irkestien|[Rr]ådhuspladsen|Kystvejen|Byen"
     u"|Vesterled)"_s;
 /// No count, time, share or sum.
-const QString nordicNumber = uR"(\d{1,3}(?:\s?[A-Za-zÆØÅ](?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
-                             uR"((?![\w%°]|[.,:]\d|\s?(?:kr\b|DKK|km\b|m\b|%|GB|MB|år\b|stk)))"_s;
+const QString nordicNumber =
+    uR"(\d{1,3}(?:\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
+    uR"((?![\w%°]|[.,:]\d|\s?(?:kr\b|DKK|km\b|m\b|%|GB|MB|år\b|stk)))"_s;
 /// Labels are no part of a street's name, and a month with its day is none.
 const QString notOtherWords =
     uR"((?!(?:Adr|Addr|Adresse|Address|Bor|Til|To|At|Find|Kig|Leveres|Besøg)\b\.?:?\s))"

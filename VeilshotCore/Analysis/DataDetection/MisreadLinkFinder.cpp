@@ -50,8 +50,11 @@ struct Expressions {
 private:
     Expressions() {
         const QString emailPatterns[] = {
+            // Cut off.
+            beforeLocal + local + uR"(@[\p{L}\p{N}-]{1,40}(?:\.[\p{L}\p{N}-]{0,40}){0,2}(?:…|\.{2,3}))"_s,
             // Another sign at the place of the "@", or blanks around it.
-            beforeLocal + local + uR"((?:[&©®€£¢§¤æœ]|\(a\)|\(@\)))"_s + domain,
+            beforeLocal + local + uR"((?:[&©®€£¢§¤]|\(a\)|\(@\)))"_s + domain,
+            beforeLocal + uR"([a-z\d][a-z\d._-]{1,40}?[æœ][a-z\d-]{2,40}\.)"_s + ending,
             beforeLocal + compound + uR"(\s?[&©®€£¢§¤]\s?)"_s + domain,
             beforeLocal + local + uR"(@\s)"_s + domain,
             beforeLocal + compound + uR"(\s@\s?)"_s + domain,
@@ -64,7 +67,6 @@ private:
                 uR"(@[\p{L}-]{2,40}(?:com|net|org|dk|eu|de)(?![\p{L}\p{N}./:]))"_s,
             beforeLocal + uR"((?=[\p{L}-]+[._]))"_s + local +
                 uR"(@(?!latest|next|beta|alpha|canary|rc)(?:\p{L}[\p{L}-]{0,40}){0,1}(?:\.\p{L}{0,3})?(?=\s|$|\.\.|[+…"'”,;)>|]))"_s,
-            beforeLocal + local + uR"(@[\p{L}\p{N}-]{1,40}(?:\.[\p{L}\p{N}-]{0,40}){0,2}(?:…|\.{2,3}))"_s,
             // A blank was read into the name.
             uR"((?<![\p{L}\p{N}._%+@/\\])[\p{L}\p{N}]{2,30}[_-]\s)"_s + local + u'@' + domain,
             uR"((?<![\p{L}\p{N}._%+@/\\])(?-i:\p{Ll})[\p{L}\p{N}]{2,30}\.\s)"_s + word + u'@' + domain,
@@ -92,6 +94,8 @@ bool isMachine(QStringView line, const RegularExpression::Match& match) {
         digits += count;
         faults += static_cast<int>(number.size() - count);
         faults += number.size() > 3 || number.toInt() > 255;
+        if (number.size() > 3 && number.first(2) == u"20") // a version that is a date
+            return false;
     }
     const TextRange first = match.groups[0];
     const bool isPrivate = privateNetworks.contains(line.sliced(first.location, first.length).toString());

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace Veilshot {
 
 namespace {
@@ -32,9 +34,7 @@ bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
     constexpr qsizetype shortestLowercaseTown = 6;
     const auto [prefix, postcode, first, second] =
         std::array{match.groups[0], match.groups[1], match.groups[2], match.groups[3]};
-    QStringView town = line.sliced(first.location, first.length);
-    if (town.endsWith(u'.')) // of the sentence
-        town.chop(1);
+    const QStringView town = line.sliced(first.location, first.length);
     if (town[0].isLower() && town.size() < shortestLowercaseTown)
         return false;
     if (prefix.location >= 0)
@@ -135,6 +135,14 @@ std::vector<TextRange> addressesIn(QStringView line) {
     return addresses;
 }
 
+/// Hardly any address does without a number, but houses have names.
+bool mayHoldAddress(QStringView line) {
+    static const RegularExpression house(u"Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,"_s,
+                                         RegularExpression::CaseSensitivity::sensitive);
+    return std::ranges::any_of(line, [](QChar character) { return character.isDigit(); }) ||
+           house.hasMatch(line);
+}
+
 /// In text order; those that overlap become one.
 std::vector<TextRange> merged(std::vector<TextRange> addresses) {
     std::ranges::sort(addresses, {}, &TextRange::location);
@@ -151,7 +159,7 @@ std::vector<TextRange> merged(std::vector<TextRange> addresses) {
 } // namespace
 
 std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
-    if (std::ranges::none_of(line, [](QChar character) { return character.isDigit(); }))
+    if (!mayHoldAddress(line))
         return {};
     std::vector<TextRange> addresses = addressesIn(line);
     const RewrittenLine spaced = withBlanksOfAddresses(line);

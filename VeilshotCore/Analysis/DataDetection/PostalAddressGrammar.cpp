@@ -61,9 +61,9 @@ QStringList placePatterns() {
 
 PostalAddressGrammar::PostalAddressGrammar()
     : anchors(compiled(englishAddresses() + continentalAddresses() + QStringList{postBox})),
-      danishPlace(compiled(uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå][\w.]{1,40}+))"_s +
-                           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s +
-                           uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
+      danishPlace(compiled(
+          uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå](?:\w{1,3}\.|\w{1,40}+)))"_s +
+          uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s + uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
       europeanPlace(compiled(
           uR"((?<![\w@.,#:\-])(?:[A-Z]{1,3}-\s?)?(\d{5}|\d{3}\s\d\d|\d\d-\d{3}|\d{4}-\d{3}|\d{4}(?:\s[A-Z]{2})?)"
           uR"(|101(?=\s+R)))"
