@@ -90,12 +90,23 @@ QString wordsBesideUnit() {
                       uR"(|\s+Apt\.?\s?#?)(?:\d{1,4}[A-Z]?|[A-Z])(?!\w))"_s});
 }
 
+/// "Sfreet", "Avnue": one letter another or gone.
+QString misreadStreetType() {
+    QStringList misread;
+    for (const QString& type : {u"Street"_s, u"Avenue"_s, u"Boulevard"_s, u"Square"_s, u"Terrace"_s,
+                                u"Parkway"_s, u"Highway"_s, u"Crescent"_s, u"Gardens"_s}) {
+        for (qsizetype place = 1; place + 1 < type.size(); ++place)
+            misread.append(type.first(place) + uR"(\w?)"_s + type.sliced(place + 1));
+    }
+    return anyOf(misread);
+}
+
 /// "210 Lower Marsh", where nothing else stands.
 QString streetAlone() {
     const QString notYear = uR"((?!(?:19|20)\d\d\s))"_s;
-    return uR"((?<=^|\t)\s*)"_s + notYear + uR"(\d{1,5}[A-Z]?\s+)"_s + notUnitOfMeasure +
+    return uR"((?<=^|\t|[:–—]\s)\s*)"_s + notYear + uR"(\d{1,5}[A-Z]?\s+)"_s + notUnitOfMeasure +
            optional(compass() + uR"(\s+)"_s) + u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s +
-           anyOf({rareStreetType}) + uR"((?=\s*[,.]?\s*(?:$|\t|,\s*)"_s + city() + uR"((?:$|\t))))"_s;
+           anyOf({rareStreetType, misreadStreetType()}) + uR"((?=\s*[,.]?\s*(?:$|\t)|\s*,\s*\p{Lu}\p{Ll}))"_s;
 }
 
 /// "Rowan Cottage, Shore Rd", "The Old Forge, 5 Sexton’s", "Apt 6C": houses and flats with their street, or
@@ -118,7 +129,7 @@ QString houseOrFlat() {
 
 QString americanPlace() {
     return uR"((?<![\w@.]))"_s + city() + uR"((?:,\s+|\s+(?!)"_s + wordlikeState + u"))"_s + state() +
-           uR"(\s+)"_s + zip() + uR"((?!\w))"_s;
+           uR"(\s+)"_s + anyOf({zip() + uR"((?!\w))"_s, uR"((?<=,\s?[A-Z]{2}\s)\d{2,5}(?=\s*$))"_s});
 }
 
 QString britishPlace() {

@@ -52,6 +52,7 @@ private:
         const QString emailPatterns[] = {
             // Cut off.
             beforeLocal + local + uR"(@[\p{L}\p{N}-]{1,40}(?:\.[\p{L}\p{N}-]{0,40}){0,2}(?:…|\.{2,3}))"_s,
+            beforeLocal + local + uR"(@[\p{L}\p{N}-]{3,40}\.\p{L}{0,2}(?=\s*$|[>)]))"_s,
             // Another sign at the place of the "@", or blanks around it.
             beforeLocal + local + uR"((?:[&©®€£¢§¤]|\(a\)|\(@\)))"_s + domain,
             beforeLocal + uR"([a-z\d][a-z\d._-]{1,40}?[æœ][a-z\d-]{2,40}\.)"_s + ending,

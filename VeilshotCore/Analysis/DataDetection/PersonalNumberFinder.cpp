@@ -55,6 +55,14 @@ struct Expressions {
     /// Where nothing else stands: no day is that late in the month.
     RegularExpression sortCode{uR"((?<=^|\t)\s*(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};
 
+    /// Cards and accounts of which a digit may have been misread, so that no check of theirs holds.
+    RegularExpression card{
+        uR"((?<![\d./-])([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"};
+    RegularExpression account{
+        uR"((?<!\w)((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
+        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}(?:\s?(?=[A-Z\d]{0,3}\d)[A-Z\d]{4}){3,7}(?:\s?[A-Z\d]{1,3})?)(?!\w))",
+        RegularExpression::CaseSensitivity::sensitive};
+
     static const Expressions& shared() {
         static const Expressions expressions;
         return expressions;
@@ -70,8 +78,9 @@ std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
     std::vector<TextRange> found;
     for (const RegularExpression* expression :
          {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.inDigits,
-          &expressions.document, &expressions.bank, &expressions.civil, &expressions.lettered,
-          &expressions.sortCode, &expressions.britishInsurance}) {
+          &expressions.document, &expressions.bank, &expressions.civil, &expressions.card,
+          &expressions.account, &expressions.lettered, &expressions.sortCode,
+          &expressions.britishInsurance}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange range = match.groups[0];
             if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))

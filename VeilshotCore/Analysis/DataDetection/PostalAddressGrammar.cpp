@@ -50,6 +50,7 @@ QStringList placePatterns() {
         zip() + uR"(\b)"_s,
         uR"((?=\w{0,3}\d)[\dOoIlSB]{4}\s+)"_s + city() + district + u'?',
         uR"((?<=,\s?)\d{4}(?=\s*$))"_s,
+        uR"((?<=,\s?)\d{3}\s+)"_s + city() + district + u'?',
         city() + uR"(,?\s+[A-Z]{1,2}\s+)"_s + digits + cellEnd,
         city() + uR"(,\s*[A-Z]{1,2})"_s + cellEnd,
         city() + uR"(,?\s+[A-Z]{1,2}\d[\dA-Z]?(?:\s?[\dOIlSBZ][A-Z\d]{0,2})?)"_s + cellEnd,

@@ -10,7 +10,8 @@
 
 namespace Veilshot {
 
-/// The data detector of the product: all finders over the whole line. What is worth hiding but neither link,
+/// The data detector of the product: all finders over the whole line, and again over what it
+/// probably was where signs of it were misread. What is worth hiding but neither link,
 /// number to call nor address goes by the type that comes closest: a credential is reported as a link that
 /// leads nowhere known, a date of birth or the number of a document as a phone number, which dates in digits
 /// pass for anyway. Costs nothing to construct; the finders' expressions and lists are built once per
@@ -20,6 +21,9 @@ public:
     std::vector<DataMatch> matches(const QString& line) const override;
 
 private:
+    /// Of the line as it stands, by finder.
+    std::vector<DataMatch> matchesAsRead(const QString& line) const;
+
     LinkFinder m_links;
     MisreadLinkFinder m_misreadLinks;
     CredentialFinder m_credentials;
