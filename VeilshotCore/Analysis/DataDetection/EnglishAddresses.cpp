@@ -104,7 +104,7 @@ QString misreadStreetType() {
 /// "210 Lower Marsh", where nothing else stands.
 QString streetAlone() {
     const QString notYear = uR"((?!(?:19|20)\d\d\s))"_s;
-    return uR"((?<=^|\t|[:–—]\s)\s*)"_s + notYear + uR"(\d{1,5}[A-Z]?\s+)"_s + notUnitOfMeasure +
+    return uR"((?<=^|\t|\p{L}:\s|[–—]\s)\s*)"_s + notYear + uR"(\d{1,5}[A-Z]?\s+)"_s + notUnitOfMeasure +
            optional(compass() + uR"(\s+)"_s) + u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s +
            anyOf({rareStreetType, misreadStreetType()}) + uR"((?=\s*[,.]?\s*(?:$|\t)|\s*,\s*\p{Lu}\p{Ll}))"_s;
 }

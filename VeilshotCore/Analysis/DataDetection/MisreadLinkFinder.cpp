@@ -31,6 +31,11 @@ const QString scheme = uR"((?<![\p{L}\p{N}])(?:https?|wss?|ftps?|sftp|ssh|postgr
 const QString group = uR"(([\doils|]{1,4}))"_s;
 const QString dot = uR"((?:[.,]{1,2}_?|\._?\s?|_\.))"_s;
 
+/// "notes.txt example.com" are two.
+const QString notFile =
+    uR"((?<!\.(?:pl|py|sh|md|js|ts|rs|go|rb|so|txt|htm|html|json|css|cpp|exe|zip|tar|xml|yml|yaml|pdf|png)))"
+    uR"((?<!\.(?:jpg|svg|doc|docx|xls|xlsx|csv|log|conf|cfg|ini|com|org|net|dk|io|dev|co))(?<=\p{L}.{0,60}))"_s;
+
 struct Expressions {
     std::vector<RegularExpression> emails;
     /// With a blank beside the colon or the slashes; a password may be torn in two as well.
@@ -60,7 +65,7 @@ private:
             beforeLocal + local + uR"(@\s)"_s + domain,
             beforeLocal + compound + uR"(\s@\s?)"_s + domain,
             // None: a blank behind "jonas_ravn", or a letter in "aniya_erdmanebrightloom.com".
-            beforeLocal + uR"((?=[\p{L}\p{N}.-]*[\p{L}]))"_s + compound + uR"(\s)"_s + domain,
+            beforeLocal + compound + notFile + uR"(\s)"_s + domain,
             beforeLocal + uR"((?=[\p{L}\p{N}.-]{1,60}_))"_s + local + uR"(_[\p{L}\p{N}-]{3,60}\.)"_s + ending,
             // The dot of the domain is gone or another sign, or what follows it is cut off.
             beforeLocal + local + uR"(@[\p{L}\p{N}-]{2,40}(?:[,;:·_]\s?|\s|\.\s))"_s + ending,

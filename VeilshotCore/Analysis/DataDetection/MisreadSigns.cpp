@@ -20,11 +20,15 @@ struct Expressions {
         uR"((?<![\p{L}\p{N}_])[\dOoQDIl|iSBZ]{1,16}(?:[ ().,:/-]{1,2}[\dOoQDIl|iSBZ]{1,16}){0,8}(?![\p{L}\p{N}_]))",
         sensitive};
     RegularExpression lettersOnly{uR"((?<![\dOoQDIl|iSBZ])[OoQDIl|iSBZ]+(?![\dOoQDIl|iSBZ]))", sensitive};
-    RegularExpression underscore{uR"(_+(?=[\s.,@:/()+-]|$)|(?<=^|[\s.,@:/()+-])_+|(?<=\d)_(?=\d))"};
+    /// In numbers, e-mail addresses and names of places; between the words of a program they belong.
+    RegularExpression underscore{
+        uR"((?<=[\s\d.,:/(+-])_+(?=[\d(])|(?<=\d)_+(?=[\s\d.,:/()-]|$)|_+(?=@)|(?<=@)_+|(?<=[.-])_+(?=[\p{L}\d.-]{1,40}@)|(?<=@[\p{L}\d.-]{1,40}[.-])_+(?=\p{L}))"
+        uR"(|(?<=[\s,])_+(?=\p{Lu}\p{Ll}{1,40}(?:[\s,]|$))|(?<=\p{Ll})_+(?=[\s,]|$)|(?<=\p{L}-)_+(?=\p{L})|(?<=\p{L})_+(?=-_?\p{L}))",
+        sensitive};
     /// Endings that are no words.
     QString ending = uR"((?:com|net|org|edu|gov|dk|eu|uk|io|dev|nl|pl|fr|co|example)(?![\p{L}\p{N}]))"_s;
     RegularExpression blankInDomain{
-        uR"((?<=[\p{Ll}\d]\.)\s(?=)"_s + ending + uR"()|(?<=\bwww\.)\s(?=\p{Ll}))"_s, sensitive};
+        uR"((?<=[\p{Ll}\d]\.)[\s_](?=)"_s + ending + uR"()|(?<=\bwww\.)[\s_](?=\p{Ll}))"_s, sensitive};
     RegularExpression commaInDomain{uR"((?<=[\p{Ll}\d]),(?=)"_s + ending + uR"()|(?<=\bwww),(?=\p{Ll}))"_s,
                                     sensitive};
     /// "linkedin.com/ in/jane-doe"
