@@ -26,7 +26,7 @@ struct Expressions {
     RegularExpression assignment{u"[\\w.-]*"_s + secretLabel +
                                  uR"([\w-]*["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
                                  uR"(([^\s"'”“,;<>(){}\[\]$*•]{6,}+)(?![(\[{]))"_s};
-    RegularExpression sentence{u"(?<![\\w])(?:login|"_s + secretLabel +
+    RegularExpression sentence{u"(?<![\\w])(?:login|bearer|"_s + secretLabel +
                                uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
 
     /// Keys that say themselves whose they are. A blank that was read into a signed token is put up with.
@@ -117,7 +117,7 @@ TextRange grown(QStringView line, TextRange credential) {
 TextRange grownSignedToken(QStringView line, TextRange token) {
     constexpr qsizetype shortPiece = 6;
     static const RegularExpression pieces[] = {RegularExpression(uR"((?:\s?(\S+)))"),
-                                               RegularExpression(uR"((?:\s?\S{1,2}\s(\S+)))")};
+                                               RegularExpression(uR"((?:\s?\S{1,2}\s(?:\S\s)?(\S+)))")};
     const auto nextEnd = [&] {
         for (const RegularExpression& piece : pieces) {
             const auto next = piece.matchAt(line, token.end());

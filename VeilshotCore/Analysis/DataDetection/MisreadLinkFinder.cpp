@@ -55,6 +55,9 @@ struct Expressions {
 private:
     Expressions() {
         const QString emailPatterns[] = {
+            // A blank was read into the name.
+            uR"((?<![\p{L}\p{N}._%+@/\\])[\p{L}\p{N}]{2,30}[_-]\s)"_s + local + u'@' + domain,
+            uR"((?<![\p{L}\p{N}._%+@/\\])(?-i:\p{Ll})[\p{L}\p{N}]{2,30}\.\s)"_s + word + u'@' + domain,
             // Cut off.
             beforeLocal + local + uR"(@[\p{L}\p{N}-]{1,40}(?:\.[\p{L}\p{N}-]{0,40}){0,2}(?:…|\.{2,3}))"_s,
             beforeLocal + local + uR"(@[\p{L}\p{N}-]{3,40}\.\p{L}{0,2}(?=\s*$|[>)]))"_s,
@@ -73,9 +76,6 @@ private:
                 uR"(@[\p{L}-]{2,40}(?:com|net|org|dk|eu|de)(?![\p{L}\p{N}./:]))"_s,
             beforeLocal + uR"((?=[\p{L}-]+[._]))"_s + local +
                 uR"(@(?!latest|next|beta|alpha|canary|rc)(?:\p{L}[\p{L}-]{0,40}){0,1}(?:\.\p{L}{0,3})?(?=\s|$|\.\.|[+…"'”,;)>|]))"_s,
-            // A blank was read into the name.
-            uR"((?<![\p{L}\p{N}._%+@/\\])[\p{L}\p{N}]{2,30}[_-]\s)"_s + local + u'@' + domain,
-            uR"((?<![\p{L}\p{N}._%+@/\\])(?-i:\p{Ll})[\p{L}\p{N}]{2,30}\.\s)"_s + word + u'@' + domain,
         };
         for (const QString& pattern : emailPatterns)
             emails.emplace_back(pattern);

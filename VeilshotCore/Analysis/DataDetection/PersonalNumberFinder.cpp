@@ -60,7 +60,7 @@ struct Expressions {
         uR"((?<![\d./-])([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"};
     RegularExpression account{
         uR"((?<!\w)((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
-        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}(?:\s?(?=[A-Z\d]{0,3}\d)[A-Z\d]{4}){3,7}(?:\s?[A-Z\d]{1,3})?)(?!\w))",
+        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d]{0,3}\d)[A-Z\d]{4}){3,7}(?:\s?[A-Z\d]{1,3})?)(?!\w))",
         RegularExpression::CaseSensitivity::sensitive};
 
     static const Expressions& shared() {

@@ -40,6 +40,7 @@ const QString cellEnd = uR"((?=\s?[^\w\s,]{0,2}\s*(?:$|\t|\s{2,}|[|+]|\s\d)))"_s
 
 /// Some of them cut off at the edge of a cell or misread, which proves enough behind a street.
 QStringList placePatterns() {
+    const QString misreadDigit = uR"((?:\s?[(£€\[{§&@©])?)"_s;
     const QString digits = uR"((?=\w{0,4}\d)[\dOoIlSBZ]{1,5})"_s;
     return {
         city() + uR"(,?\s+)"_s + state() + optional(uR"(\s+)"_s + zip()) + uR"(\b(?![a-z]))"_s,
@@ -51,9 +52,9 @@ QStringList placePatterns() {
         uR"((?=\w{0,3}\d)[\dOoIlSB]{4}\s+)"_s + city() + district + u'?',
         uR"((?<=,\s?)\d{4}(?=\s*$))"_s,
         uR"((?<=,\s?)\d{3}\s+)"_s + city() + district + u'?',
-        city() + uR"(,?\s+[A-Z]{1,2}\s+)"_s + digits + cellEnd,
+        city() + uR"(,?\s+[A-Z]{1,2}\s+)"_s + digits + misreadDigit + cellEnd,
         city() + uR"(,\s*[A-Z]{1,2})"_s + cellEnd,
-        city() + uR"(,?\s+[A-Z]{1,2}\d[\dA-Z]?(?:\s?[\dOIlSBZ][A-Z\d]{0,2})?)"_s + cellEnd,
+        city() + uR"(,?\s+[A-Z]{1,2}\d[\dA-Z]?(?:\s?[\dOIlSBZ][A-Z\d]{0,2})?)"_s + misreadDigit + cellEnd,
         country,
     };
 }

@@ -16,10 +16,17 @@ TEST(PersonalNumberFinder, FindsDatesOfBirthAndNumbersBehindTheirLabels) {
         {"Eva 14.02.1988 ring først", {"14.02.1988"}},
         {"Astrid, 3 May 2013 (12 years)", {"3 May 2013"}},
         {"Passport no.\tD89167093", {"D89167093"}},
-        {"QQ 12 34 56 C or GB29", {}}, // no such letters are given out
+        {"QV 12 34 56 C or GB29", {}}, // no such letters are given out
         {"Insurance AB 12 34 56 C", {"AB 12 34 56 C"}},
         {"reg.nr. 9153 konto 4044204237", {"9153"}},
         {"Sort code 20-00-00", {"20-00-00"}},
+        {"120571-_8832 and 091061–7212", {"120571-_8832", "091061–7212"}},
+        {"PX4081726", {"PX4081726"}},
+        {"4539 1488 0343 6460", {"4539 1488 0343 6460"}},
+        {"GBl4 QXTB 2020 1555 5501 94", {"GBl4 QXTB 2020 1555 5501 94"}},
+        {"20-45-13", {"20-45-13"}},
+        {"20-12-25", {}},
+        {"1472 1385 7929", {}},
         {"12 March 2025", {}},
         {"On 6 February 1973 they met", {}},
         {"Paid 14.02.2025, 1.2.1999.4", {}},
