@@ -31,7 +31,7 @@ QString beforeNumber() {
 }
 
 QString houseNumber() {
-    return beforeNumber() + uR"((?!\d{3}-\d{4}\b)\d{1,6}(?:-\d{1,4})?[A-Za-c]?)"_s;
+    return beforeNumber() + uR"((?!\d{3}-\d{4}\b)(?:\d{1,3}/(?=\d{1,4}\s))?\d{1,6}(?:-\d{1,4})?[A-Za-c]?)"_s;
 }
 
 QString compass() {
@@ -45,11 +45,11 @@ QString unit() {
 
 QString floor() {
     return uR"((?:(?:st|kl|\d{1,2})\s?\.?\s?(?:sal)?\s?,?\s?(?:tv|th|mf|dør\s?\d+|lejl\.?\s?\d+)\b\.?)"
-           uR"(|(?:st|kl|\d{1,2})\.(?:\s?sal)?(?=\s*(?:,|$))|\d{1,2}\.?\s+sal\b))"_s;
+           uR"(|(?:st|kl|\d{1,2})\.(?:\s?sal)?(?=\s*(?:,|$))|\d{1,2}\.?\s+sal\b|(?:lejl|lgh|dør)\.?\s?\d{1,4}\b|(?:bag|for|side|mellem)hus(?:et)?\b))"_s;
 }
 
 QString floorWithSide() {
-    return uR"((?:st|kl|\d{1,2})\s?\.?\s?(?:sal)?\s?,?\s?(?:tv|th|mf)\b\.?)"_s;
+    return uR"((?:st|kl|\d{1,2})\s?\.?\s?(?:sal\b|(?:sal)?\s?,?\s?(?:tv|th|mf)\b)\.?)"_s;
 }
 
 QString state() {
@@ -69,6 +69,10 @@ QString britishPostcode() {
 
 QString irishPostcode() {
     return uR"([AC-FHKNPRTV-Y]\d[\dW]\s(?=[A-Z\d]{0,3}\d)[AC-FHKNPRTV-Y\d]{4}\b)"_s;
+}
+
+QString australianPostcode() {
+    return uR"((?:NSW|VIC|QLD|WA|SA|TAS|ACT|NT)\s+\d{4}(?!\w))"_s;
 }
 
 QString canadianPostcode() {

@@ -25,7 +25,7 @@ QString compass();
 QString unit();
 /// "2. tv", "st. th", "1. sal".
 QString floor();
-/// Only a floor with its side, which hardly anything else looks like.
+/// Only a floor that says so or has a side, which hardly anything else looks like.
 QString floorWithSide();
 
 QString state();
@@ -33,6 +33,7 @@ QString zip();
 /// The strict form with its blank.
 QString britishPostcode();
 QString irishPostcode();
+QString australianPostcode();
 QString canadianPostcode();
 QString continentalPostcode();
 QString swedishPostcode();

@@ -32,7 +32,7 @@ QString frenchAddress() {
 
 QString streetBehindItsType() {
     return beforeName() +
-           uR"((?:Calle|Avenida|Avda\.|Paseo|Camino|Via|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
+           uR"((?:Calle|Rue|Chaussée|Avenue|Boulevard|Alameda|Plaza|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
            uR"((?:(?:de|dei|del|della|delle|di|da|do|dos|la|las|los|el)\s+){0,2})"_s +
            name() + uR"((?:\s+)"_s + name() +
            uR"(){0,2},?\s+\d{1,4}(?:\s?(?!m\.)[A-Za-z]\b|/\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
@@ -57,15 +57,16 @@ const QString streetEnding =
     u"mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
     u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|straße"
-    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|vegur|stígur|stigur|(?<=[a-zäö]{3}n)tie"_s;
+    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|(?<=[a-zäö]{3}n)tie"_s;
 /// Not after one or two letters: Palle and Kalle are people.
 const QString avenueEnding = uR"((?<=[\w'’.\-]{3})all[eé]e?n?)"_s;
-const QString streetWord = u"(?:[Vv]ej|[Vv]äg|[Ss]tr\\.|[Gg]ade|[Aa]ll[eé]|[Pp]lads|[Tt]orv|[Bb]oulevard|[Ss]"
-                           u"tr(?:æ|ae|ee?)de|[Vv](?:æ|ae|ee?)nge|[Gg]ate"
-                           u"|[Kk]aj|[Ss]ti|VEJ|GADE|ALLÉ|PLADS|TORV|BOULEVARD|[Pp]lass)"_s;
+const QString streetWord =
+    u"(?:[Vv]ej|[Vv]äg|[Ss]tr\\.|[Gg]ade|[Aa]ll[eé]|[Pp]lads|[Tt]orv|[Bb]oulevard|[Ss]"
+    u"tr(?:æ|ae|ee?)de|[Vv](?:æ|ae|ee?)nge|[Gg]ate"
+    u"|[Kk]aj|[Bb]rygge|[Kk]anal|[Ss]ti|VEJ|GADE|ALLÉ|PLADS|TORV|BOULEVARD|[Pp]lass)"_s;
 const QString wholeStreet =
     u"(?:[Tt]orvet|[Hh]avnen|[Kk]ajen|[Ss]trandvejen|[Ss]trøget|[Kk]irkestien|[Rr]ådhuspladsen|Kystvejen|Byen"
-    u"|Vesterled)"_s;
+    u"|Vesterled|Nyhavn|Trianglen)"_s;
 /// No count, time, share or sum.
 const QString nordicNumber =
     uR"(\d{1,3}(?:\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
@@ -73,10 +74,10 @@ const QString nordicNumber =
 /// Labels are no part of a street's name, and a month with its day is none.
 const QString notOtherWords =
     uR"((?!(?:Adr|Addr|Adresse|Address|Bor|Til|To|At|Find|Kig|Leveres|Besøg)\b\.?:?\s))"
-    uR"((?!(?i:(?:\w+,?\s+){0,3}(?:jan|feb|mar|apr|may|maj|jun|jul|aug|sep|okt|oct|nov|dec)[a-z]*\.?\s+\d{1,2},)))"_s;
+    uR"((?!(?i:(?:\w+,?\s+){0,3}(?:jan(?:uary?)?|feb(?:ruary?)?|mar(?:ch|ts)?|apr(?:il)?|ma[yj]|june?|juni|july?|juli|aug(?:ust)?|sept?(?:ember)?|o[ck]t(?:ober)?|nov(?:ember)?|dec(?:ember)?)\.?\s+\d{1,2},)))"_s;
 /// Nouns that only end like a street.
 const QString notNoun =
-    uR"((?!(?i:genvej|omvej|udvej|motorvej|landevej|hovedvej|adgangsvej|spilleplads|siddeplads|brigade|renegade)"
+    uR"((?!(?i:genvej|omvej|udvej|motorvej|adgangsvej|spilleplads|siddeplads|brigade|renegade)"
     uR"(|parkeringsplads|arbejdsplads)\s))"_s;
 
 QString nordicStreet() {

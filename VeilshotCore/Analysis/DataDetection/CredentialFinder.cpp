@@ -26,7 +26,7 @@ struct Expressions {
     RegularExpression assignment{u"[\\w.-]*"_s + secretLabel +
                                  uR"([\w-]*["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
                                  uR"(([^\s"'”“,;<>(){}\[\]$*•]{6,}+)(?![(\[{]))"_s};
-    RegularExpression sentence{u"(?<![\\w])(?:login|bearer|"_s + secretLabel +
+    RegularExpression sentence{u"(?<![\\w])(?:login|bearer|basic|"_s + secretLabel +
                                uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
 
     /// Keys that say themselves whose they are. A blank that was read into a signed token is put up with.
@@ -41,8 +41,8 @@ struct Expressions {
                                     sensitive};
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
-        uR"((?<!\p{L})(?:pin(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|verification|one-time) ?code|passcode|otp|cv[cv]2?)"
-        uR"(|(?:sikkerheds|engangs|adgangs|dør|alarm)kode|kontrolcifre)\s*(?:[:.=#]|is|er)?\s*(\d{3,8})(?![\d.,]))"};
+        uR"((?<!\p{L})(?:pin(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time) ?code|passcode|otp|cv[cv]2?)"
+        uR"(|(?:sikkerheds|engangs|adgangs|dør|alarm)kode|kode|kontrolcifre)\s*(?:[:.=#]|is|er)?\s*(\d{3,8})(?![\d.,]))"};
     /// The beginning of one, which says in letters that it is one.
     RegularExpression signedToken{uR"((?<![A-Za-z0-9])ey_?[JI]_?[\w-]{6,})", sensitive};
     RegularExpression run{uR"([\p{L}\p{N}][\p{L}\p{N}_+/~-]{14,}[\p{L}\p{N}-]={0,2})"};
@@ -97,10 +97,13 @@ int breaks(QStringView text) {
 }
 
 /// A credential in which a sign was misread or a blank was made up goes on behind it, as long as what comes
-/// looks as if nobody had thought of it either.
+/// looks as if nobody had thought of it either. In front of it only a sign belongs to it.
 TextRange grown(QStringView line, TextRange credential) {
     constexpr int fewestBreaks = 2;
     constexpr qsizetype shortestPiece = 4;
+    static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
+    if (const auto before = pieceBefore.firstMatch(line.first(credential.location)))
+        credential = {before->range.location, credential.end() - before->range.location};
     static const RegularExpression piece(
         uR"((?:[^\s\p{L}\p{N}"'”“<>]|\s?[.,]\s?|(?<=[_-])\s|\s)([\p{L}\p{N}_/+-]{2,}+))");
     for (;;) {

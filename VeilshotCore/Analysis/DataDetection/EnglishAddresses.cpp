@@ -137,6 +137,10 @@ QString britishPlace() {
            anyOf({britishPostcode(), irishPostcode()});
 }
 
+QString australianPlace() {
+    return uR"((?<![\w@.]))"_s + city() + uR"(,?\s+)"_s + australianPostcode();
+}
+
 /// The end of it misread, where nothing else stands: "Ludlow SY8 90x".
 QString misreadBritishPlace() {
     const QString area =
@@ -150,9 +154,9 @@ QString misreadBritishPlace() {
 } // namespace
 
 QStringList englishAddresses() {
-    return {street(),           broadway(),        numberedRoad(),       spanishStreet(),
-            wordsBeforePlace(), wordsBesideUnit(), streetAlone(),        houseOrFlat(),
-            americanPlace(),    britishPlace(),    misreadBritishPlace()};
+    return {street(),           broadway(),        numberedRoad(),    spanishStreet(),
+            wordsBeforePlace(), wordsBesideUnit(), streetAlone(),     houseOrFlat(),
+            americanPlace(),    britishPlace(),    australianPlace(), misreadBritishPlace()};
 }
 
 } // namespace Veilshot

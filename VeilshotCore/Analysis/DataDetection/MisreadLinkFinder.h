@@ -8,7 +8,8 @@
 namespace Veilshot {
 
 /// Finds e-mail addresses, web addresses and the numbers of machines of which the reading got a sign wrong,
-/// lost one or put a blank in: "anna_bergebrightloom.com", "https ://example.com", "172,16.28.i99".
+/// lost one or put a blank in: "anna_bergebrightloom.com", "https ://example.com", "172,16.28.i99". And the
+/// long numbers of machines, which are written with colons.
 class MisreadLinkFinder {
 public:
     /// The links in text order, without overlaps; those of e-mail addresses begin with "mailto:". What is

@@ -87,7 +87,9 @@ qsizetype nextEnd(QStringView line, qsizetype end, const PostalAddressGrammar& g
         return part;
     if (const auto area = grammar.area.matchAt(line, end)) {
         const qsizetype areaEnd = area->range.end();
-        return longestMatchEnd(line, areaEnd, grammar.places) > areaEnd ? areaEnd : end;
+        const bool goesOn = longestMatchEnd(line, areaEnd, grammar.places) > areaEnd ||
+                            grammar.lastArea.matchAt(line, areaEnd).has_value();
+        return goesOn ? areaEnd : end;
     }
     const auto lastArea = grammar.lastArea.matchAt(line, end);
     return lastArea ? lastArea->range.end() : end;

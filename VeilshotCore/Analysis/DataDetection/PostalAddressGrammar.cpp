@@ -47,6 +47,7 @@ QStringList placePatterns() {
         city() + uR"(,\s*)"_s + state() + uR"(\s+)"_s + canadianPostcode(),
         optional(city() + uR"(,?\s+)"_s) + anyOf({britishPostcode(), irishPostcode()}),
         continentalPostcode() + uR"(\s+)"_s + city() + district + u'?',
+        city() + uR"(,?\s+)"_s + australianPostcode(),
         swedishPostcode() + uR"(\s+)"_s + city(),
         zip() + uR"(\b)"_s,
         uR"((?=\w{0,3}\d)[\dOoIlSB]{4}\s+)"_s + city() + district + u'?',
@@ -73,7 +74,7 @@ PostalAddressGrammar::PostalAddressGrammar()
       continuations(compiled({floor(), unit()}, separatorOfUnit)),
       places(compiled(placePatterns(), separator)),
       area(compiled(uR"(\s*,\s*)"_s + city() + uR"((?=\s*,))"_s)),
-      lastArea(compiled(uR"(\s*,\s*)"_s + city() + uR"((?:\s+\d{1,2})?)"_s + cellEnd)),
+      lastArea(compiled(uR"(\s*,\s*)"_s + city() + uR"((?:\s+\d{1,4})?)"_s + cellEnd)),
       precedingUnit(compiled(u'(' + unit() + uR"(\s*,?\s*)$)"_s)),
       precedingHouse(compiled(
           uR"((?:^|(?<=[:\-–—•>]\s))((?!(?:Mr|Mrs|Ms|Dr|Ship|Deliver|Visit|Send|Adr|Addr|Adresse|Address)\b))"_s +

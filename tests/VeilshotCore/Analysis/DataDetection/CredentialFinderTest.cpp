@@ -22,6 +22,7 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
         {"\"password\": \"Tr0ub4dor\", \"pin_code\": \"x7Lq93\"", {"Tr0ub4dor", "x7Lq93"}},
         {"Your password is Heron!Lake_4471, change it", {"Heron!Lake_4471"}},
         {"Password\tMarble 0290", {"Marble 0290"}},
+        {"Tf9#vLq2-Wren-0Zs81k", {"Tf9#vLq2-Wren-0Zs81k"}},
         {"support PIN\t60418", {"60418"}},
         {"login 9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp is", {"9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp"}},
         {"Bearer c9595411f28b2939@c8a466acbeaf47a ok", {"c9595411f28b2939@c8a466acbeaf47a"}},

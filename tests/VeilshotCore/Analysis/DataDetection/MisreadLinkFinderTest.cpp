@@ -26,6 +26,7 @@ TEST(MisreadLinkFinder, FindsAddressesWithAWrongSignABlankOrAnEndCutOff) {
         {"itzel@example.c...", "itzel@example.c..."},
         {"DSN=https ://3b07@errors.shop.dev/8551", "https ://3b07@errors.shop.dev/8551"},
         {"URL=postgres:/ /app: XsaR@db.internal: 5432/shop", "postgres:/ /app: XsaR@db.internal: 5432/shop"},
+        {"inet6 fe80::5054:ff:fe12:3456/64 scope", "fe80::5054:ff:fe12:3456"},
         {"from 172.16.28.i99", "172.16.28.i99"},
         {"client=172,16.17.52 ok", "172,16.17.52"},
         {"46.173.16._200 - Dallas", "46.173.16._200"},
@@ -38,7 +39,8 @@ TEST(MisreadLinkFinder, LeavesCodeVersionsAndSumsAlone) {
     for (const char* line :
          {"user@host", "git@github", "lodash.merge@latest", "deploy.bot@web01:~$", "notes.txt example.com",
           "well-known example.com", "my_module.close()", "see https: // comment", "default: //nothing",
-          "10.0.0.1", "version 1.12.0.4", "2025.05.30.4", "55.6761,12.5683", "1,234.567,89", "10.30, 12.45"})
+          "10.0.0.1", "version 1.12.0.4", "2025.05.30.4", "55.6761,12.5683", "1,234.567,89", "10.30, 12.45",
+          "12:30:45", "std::chrono::seconds", "3c:22:fb:9a:01:7e"})
         EXPECT_EQ(linksIn(line), std::vector<std::string>{}) << line;
 }
 
