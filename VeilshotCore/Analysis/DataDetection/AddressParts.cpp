@@ -39,7 +39,7 @@ QString compass() {
 }
 
 QString unit() {
-    return uR"((?:(?:Apt|Apartment|Unit|Suite|Ste|Floor|Fl|Bldg|Building|Flat|Room|Rm|APT|UNIT|SUITE|STE)\b)"
+    return uR"((?:(?:Apt|Apartment|Unit|Suite|Ste|Floor|Fl|Bldg|Building|Flat|Room|Rm|Lot|RR|Boks|Box|APT|UNIT|SUITE|STE)\b)"
            uR"(\.?\s?#?\s?\w{1,5}|#\s?\w{1,5}|\d{1,3}(?:st|nd|rd|th)\s(?:Floor|Fl)\b))"_s;
 }
 

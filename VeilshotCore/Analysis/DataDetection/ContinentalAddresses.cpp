@@ -57,7 +57,7 @@ const QString streetEnding =
     u"mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
     u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|straße"
-    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|(?<=[a-zäö]{3}n)tie"_s;
+    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|(?<=[a-zäö]{3}n)tie"_s;
 /// Not after one or two letters: Palle and Kalle are people.
 const QString avenueEnding = uR"((?<=[\w'’.\-]{3})all[eé]e?n?)"_s;
 const QString streetWord =
@@ -113,8 +113,9 @@ QString streetByItsPlace() {
 
 QString continentalAddress() {
     return beforeName() + notOtherWords + u"(?:"_s + name() + uR"(\s+){0,3})"_s + name() +
-           uR"(\s+\d{1,3}\s?[A-Za-z]?)"_s + optional(uR"(,\s*)"_s + floor()) + uR"(,\s*)"_s +
-           anyOf({continentalPostcode(), swedishPostcode()}) + uR"(\s+)"_s + city();
+           uR"(\s+\d{1,3}\s?[A-Za-z]?(?:/\d{1,3})?)"_s + optional(uR"(,\s*)"_s + floor()) + uR"(,\s*)"_s +
+           anyOf({continentalPostcode(), swedishPostcode(), uR"(\d\d-\d{3}|\d{4}-\d{3})"_s}) + uR"(\s+)"_s +
+           city();
 }
 
 } // namespace

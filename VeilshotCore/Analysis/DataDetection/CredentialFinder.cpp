@@ -25,7 +25,7 @@ struct Expressions {
                              uR"(\s*[:.]?\t\s*(\S{4,}|\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,})\s*$)"_s};
     RegularExpression assignment{u"[\\w.-]*"_s + secretLabel +
                                  uR"([\w-]*["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
-                                 uR"(([^\s"'”“,;<>(){}\[\]$*•]{6,}+)(?![(\[{]))"_s};
+                                 uR"(([^\s"'”“,;<>(){}\[\]$*•]{5,}+)(?![(\[{]))"_s};
     RegularExpression sentence{u"(?<![\\w])(?:login|bearer|basic|"_s + secretLabel +
                                uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
 
@@ -39,6 +39,10 @@ struct Expressions {
     /// Behind the initials of whose it is, as far as it was read well.
     RegularExpression keyOfSomebody{uR"((?<![A-Za-z0-9])[a-z]{2,5}_(?:[A-Za-z]{2,7}_)?[A-Za-z0-9]{6,})",
                                     sensitive};
+    /// Groups with a hyphen between, behind what says so or long enough.
+    RegularExpression groups{
+        uR"((?:recovery|backup|activation|licen[cs]e|product)\s?(?:codes?|keys?)\s*[:\t]?\s*((?:[a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}[\s,]{0,2})+))"};
+    RegularExpression hyphenated{uR"((?<![\w-])[A-Z\d]{4}(?:-[A-Z\d]{4}){2,5}(?![\w-]))", sensitive};
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:pin(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time) ?code|passcode|otp|cv[cv]2?)"
@@ -174,8 +178,14 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         if (key.length >= shortestKey && breaks(line.sliced(key.location, key.length)) >= fewestBreaksOfKey)
             add(key);
     }
-    for (const auto& match : expressions.code.matches(line))
-        add(match.groups[0]);
+    for (const RegularExpression* expression : {&expressions.code, &expressions.groups}) {
+        for (const auto& match : expression->matches(line))
+            add(match.groups[0]);
+    }
+    for (const TextRange range : expressions.hyphenated.ranges(line)) {
+        if (breaks(line.sliced(range.location, range.length)) >= fewestBreaksOfKey)
+            add(range);
+    }
     for (const TextRange range : expressions.signedToken.ranges(line))
         add(grownSignedToken(line, range));
     for (const RegularExpression* expression :

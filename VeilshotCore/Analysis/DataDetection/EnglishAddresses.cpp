@@ -137,8 +137,10 @@ QString britishPlace() {
            anyOf({britishPostcode(), irishPostcode()});
 }
 
-QString australianPlace() {
-    return uR"((?<![\w@.]))"_s + city() + uR"(,?\s+)"_s + australianPostcode();
+QString australianOrCanadianPlace() {
+    return uR"((?<![\w@.]))"_s + city() + uR"(,?\s+)"_s +
+           anyOf({australianPostcode(),
+                  uR"((?:AB|BC|MB|NB|NL|NS|NT|NU|ON|PE|QC|SK|YT)\s+)"_s + canadianPostcode()});
 }
 
 /// The end of it misread, where nothing else stands: "Ludlow SY8 90x".
@@ -154,9 +156,18 @@ QString misreadBritishPlace() {
 } // namespace
 
 QStringList englishAddresses() {
-    return {street(),           broadway(),        numberedRoad(),    spanishStreet(),
-            wordsBeforePlace(), wordsBesideUnit(), streetAlone(),     houseOrFlat(),
-            americanPlace(),    britishPlace(),    australianPlace(), misreadBritishPlace()};
+    return {street(),
+            broadway(),
+            numberedRoad(),
+            spanishStreet(),
+            wordsBeforePlace(),
+            wordsBesideUnit(),
+            streetAlone(),
+            houseOrFlat(),
+            americanPlace(),
+            britishPlace(),
+            australianOrCanadianPlace(),
+            misreadBritishPlace()};
 }
 
 } // namespace Veilshot

@@ -60,6 +60,14 @@ bool isFileLike(const QString& topLevelDomain) {
     return endings.contains(topLevelDomain.toLower());
 }
 
+/// "Reg.no", "Ref.no"
+bool isNumberLabel(QStringView name, const QString& topLevelDomain) {
+    static const QSet<QString> labels{u"acc"_s, u"cert"_s,   u"inv"_s, u"lic"_s,    u"reg"_s,  u"ref"_s,
+                                      u"ser"_s, u"serial"_s, u"tel"_s, u"policy"_s, u"order"_s};
+    return topLevelDomain.compare(u"no", Qt::CaseInsensitive) == 0 &&
+           labels.contains(name.toString().toLower());
+}
+
 enum class Path { absent, present };
 
 bool isDomain(QStringView host, Path path) {
@@ -77,6 +85,8 @@ bool isDomain(QStringView host, Path path) {
             return false;
         if (name.size() == 1)
             return false; // f.eks
+        if (isNumberLabel(name, topLevelDomain))
+            return false;
     }
     return isTopLevelDomain(topLevelDomain);
 }

@@ -32,6 +32,11 @@ struct Expressions {
                               uR"()\s?\((?:age[d]?\s)?\d{1,3}(?:\s?(?:years|yrs|y/o|år)\b|\)))"_s};
     RegularExpression alone{uR"(^\s*((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s + pastYear +
                             u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + pastYear + uR"())\s*$)"_s};
+    /// "f. 12. maj 1971", "Age 54 (May 12, 1971)"
+    RegularExpression abbreviated{uR"((?<!\S)[fb]\.\s?(\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s +
+                                  pastYear + uR"((?!\d)))"_s};
+    RegularExpression inBrackets{uR"(\(((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + u'|' + month +
+                                 uR"(\s\d{1,2}(?:st|nd|rd|th)?,?)\s)"_s + pastYear + uR"()\))"_s};
     RegularExpression inDigits{uR"((?<![\d./-])([0-3]?\d[./-][0-3]?\d[./-])"_s + pastYear +
                                uR"()(?![\d/-]|[.,]\d))"_s};
     /// A column between label and number arrives as a tab.
@@ -77,10 +82,10 @@ std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
     const Expressions& expressions = Expressions::shared();
     std::vector<TextRange> found;
     for (const RegularExpression* expression :
-         {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.inDigits,
-          &expressions.document, &expressions.bank, &expressions.civil, &expressions.card,
-          &expressions.account, &expressions.lettered, &expressions.sortCode,
-          &expressions.britishInsurance}) {
+         {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.abbreviated,
+          &expressions.inBrackets, &expressions.inDigits, &expressions.document, &expressions.bank,
+          &expressions.civil, &expressions.card, &expressions.account, &expressions.lettered,
+          &expressions.sortCode, &expressions.britishInsurance}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange range = match.groups[0];
             if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))

@@ -105,12 +105,18 @@ TextRange grownRight(QStringView line, TextRange address, const PostalAddressGra
 }
 
 TextRange grownLeft(QStringView line, TextRange address, const PostalAddressGrammar& grammar) {
-    const qsizetype from = std::max<qsizetype>(0, address.location - leftReach);
-    const QStringView before = line.sliced(from, address.location - from);
-    for (const RegularExpression* expression : {&grammar.precedingUnit, &grammar.precedingHouse}) {
-        if (const auto match = expression->firstMatch(before))
-            return united(address, {from + match->groups[0].location, match->groups[0].length});
-    }
+    const auto grownOver = [&](const RegularExpression& part) {
+        const qsizetype from = std::max<qsizetype>(0, address.location - leftReach);
+        const auto match = part.firstMatch(line.sliced(from, address.location - from));
+        if (match)
+            address = united(address, {from + match->groups[0].location, match->groups[0].length});
+        return match.has_value();
+    };
+    bool hasUnit = false;
+    while (grownOver(grammar.precedingUnit))
+        hasUnit = true;
+    if (!hasUnit)
+        grownOver(grammar.precedingHouse);
     return address;
 }
 

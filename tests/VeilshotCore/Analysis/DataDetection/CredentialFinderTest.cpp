@@ -23,6 +23,8 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
         {"Your password is Heron!Lake_4471, change it", {"Heron!Lake_4471"}},
         {"Password\tMarble 0290", {"Marble 0290"}},
         {"Tf9#vLq2-Wren-0Zs81k", {"Tf9#vLq2-Wren-0Zs81k"}},
+        {"backup codes: 8f3k-29dm", {"8f3k-29dm"}},
+        {"Or 4F7K-9QTX-2MBD", {"4F7K-9QTX-2MBD"}},
         {"support PIN\t60418", {"60418"}},
         {"login 9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp is", {"9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp"}},
         {"Bearer c9595411f28b2939@c8a466acbeaf47a ok", {"c9595411f28b2939@c8a466acbeaf47a"}},
@@ -42,7 +44,8 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
           "using Token = NameToken::LetterCase;", "apiKey: process.env.API_KEY2", "mapping = self.mapping3",
           "Screenshot_20250314-092251.png", "node_modules/@types/react-dom/18.2.7/index.d.ts",
           "x86_64-linux-gnu-gcc12-release", "KX-2290-71 BT-0017-88", "$ grep token ~/.netrc",
-          "Password\tChanged 2024", "PIN code required", "is_valid_username2"})
+          "Password\tChanged 2024", "secret = match2.groups[0];", "PIN code required", "2025-2026-2027",
+          "is_valid_username2"})
         EXPECT_EQ(credentialsIn(line), std::vector<std::string>{}) << line;
 }
 
