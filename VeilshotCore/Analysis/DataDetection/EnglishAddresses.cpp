@@ -115,6 +115,9 @@ QString houseOrFlat() {
     const QString start = uR"((?<=^|\t)\s*)"_s;
     const QString end = uR"((?=\s*[,.]?\s*(?:$|\t)))"_s;
     const QString words = u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s;
+    const QString notPraise =
+        uR"((?!(?:Lovely|Beautiful|Charming|Cozy|Cosy|Perfect|Great|Nice|Amazing|Fantastic|Holiday)"
+        uR"(|Guest|Summer|Family|Entire|Private|My|Our|Your|This|Small|Large|New|Luxury)\s))"_s;
     return start +
            anyOf(
                {words +
@@ -122,7 +125,8 @@ QString houseOrFlat() {
                     anyOf(
                         {uR"(\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s + streetWord + u"){0,3}"_s,
                          words + anyOf({streetType}) + uR"(\b)"_s}),
-                words + uR"((?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
+                notPraise + uR"((?:The\s+)?)"_s + streetWord +
+                    uR"(\s+(?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
                 uR"((?:(?:Apt|Apartment|Flat|Suite|Ste)\.?\s?#?\s?\d{1,4}[A-Z]?|Unit\s?\d{1,4}[A-Z]))"_s +
                     end});
 }
