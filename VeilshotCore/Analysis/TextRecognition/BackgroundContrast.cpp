@@ -29,6 +29,11 @@ constexpr int leastBadgeSurface = 250;
 constexpr int leastBadgeWidth = 20;
 constexpr int leastBadgeHeight = 9;
 
+/// So is one that runs along all edges of a box wider than high, a cell or a button, if it encloses anything
+/// at all: in some fonts the letters of a whole word touch.
+constexpr double leastShareOfEdge = 0.85;
+constexpr double leastWidthOfCell = 1.3; // in heights
+
 /// An area as low as a line of text is the ground of one only if it fills its box; holes and all, letters do
 /// not.
 constexpr int tallestLine = 160;
@@ -133,6 +138,17 @@ int enclosedHoles(const cv::Mat& labels, int index, const cv::Rect& box) {
     return enclosed;
 }
 
+bool isCell(const cv::Mat& labels, int index, const cv::Rect& box) {
+    if (box.width < leastWidthOfCell * box.height)
+        return false;
+    const cv::Mat inside = labels(box) == index;
+    const auto runsAlong = [](const cv::Mat& edge) {
+        return cv::countNonZero(edge) >= leastShareOfEdge * static_cast<double>(edge.total());
+    };
+    return runsAlong(inside.row(0)) && runsAlong(inside.row(box.height - 1)) && runsAlong(inside.col(0)) &&
+           runsAlong(inside.col(box.width - 1));
+}
+
 bool isBackground(const Areas& areas, int index) {
     const Area& area = areas.list[index];
     const cv::Rect box = area.box();
@@ -143,7 +159,8 @@ bool isBackground(const Areas& areas, int index) {
         return false; // letters tied together by an underline
     if (boxSurface > largeBoxSurface)
         return area.surface > largeSurface; // otherwise the thin outline of a box
-    return enclosedHoles(areas.labels, index, box) >= leastEnclosedHoles;
+    const int holes = enclosedHoles(areas.labels, index, box);
+    return holes >= leastEnclosedHoles || (holes > 0 && isCell(areas.labels, index, box));
 }
 
 /// 0 on background pixels, 255 elsewhere.

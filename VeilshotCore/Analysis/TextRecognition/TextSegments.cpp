@@ -72,11 +72,21 @@ int surfaceWithHoles(const cv::Mat& labels, int label, const cv::Rect& box) {
     return static_cast<int>(inner.total()) - cv::countNonZero(inner == 2);
 }
 
-/// Avatars, icons and buttons are filled but for what is written on them; a letter of that size is filled
-/// less, unless it is a heavy one like "M", which then has a ragged outline.
-bool isFilledShape(const cv::Mat& labels, int label, const cv::Rect& box, double fill) {
-    return box.height >= 18 && box.width >= 18 && fill > 0.6 &&
-           surfaceWithHoles(labels, label, box) > 0.72 * box.area();
+enum class Shape {
+    letter,
+    boldLetter, ///< perhaps; or an avatar, an icon
+    box,        ///< a button, an empty cell
+};
+
+/// Avatars, icons and buttons are filled but for what is written on them. A letter of that size is filled
+/// less, unless it is a heavy one, and none fills its box like a pill.
+Shape shapeOf(const cv::Mat& labels, int label, const cv::Rect& box, double fill) {
+    constexpr double leastFillOfShape = 0.72;
+    constexpr double leastFillOfBox = 0.93;
+    if (box.height < 18 || box.width < 18 || fill <= 0.6)
+        return Shape::letter;
+    const double whole = static_cast<double>(surfaceWithHoles(labels, label, box)) / box.area();
+    return whole > leastFillOfBox ? Shape::box : whole > leastFillOfShape ? Shape::boldLetter : Shape::letter;
 }
 
 /// The frame of a field or the curved edge of a bubble: a thin stroke around much emptiness.
@@ -86,10 +96,8 @@ bool isOutline(const cv::Rect& box, int surface, double fill) {
     return frame || bracket;
 }
 
-bool canBeText(const cv::Mat& labels, int label, const cv::Rect& box, int surface) {
-    const double fill = surface / (static_cast<double>(box.width) * box.height);
-    return box.height <= tallestText && !isRule(box) && !isOutline(box, surface, fill) &&
-           !isFilledShape(labels, label, box, fill);
+bool canBeText(const cv::Rect& box, int surface, double fill) {
+    return box.height <= tallestText && !isRule(box) && !isOutline(box, surface, fill);
 }
 
 /// The long thin strokes of one direction without the places where a letter crosses them, 255 where there is
@@ -119,30 +127,6 @@ bool isSideOfFrame(const cv::Mat& strokes, const cv::Rect& box, double fill) {
     const cv::Rect above = cv::Rect(box.x - reach, box.y - reach, box.width + 2 * reach, reach) & picture;
     const cv::Rect below = cv::Rect(box.x - reach, box.br().y, box.width + 2 * reach, reach) & picture;
     return cv::countNonZero(strokes(above)) > 0 && cv::countNonZero(strokes(below)) > 0;
-}
-
-Ink findInk(const cv::Mat& colours) {
-    Ink ink;
-    ink.contrast = backgroundContrast(colours);
-    // Out of the ink first, so that an underline does not tie the letters that it touches into one shape.
-    const cv::Mat mask = ink.contrast >= inkThreshold;
-    const cv::Mat strokes = longStrokes(mask, {1, 0}) | longStrokes(mask, {0, 1});
-    ink.contrast.setTo(0, strokes);
-    cv::Mat stats;
-    cv::Mat centroids;
-    const int count = cv::connectedComponentsWithStats(mask & ~strokes, ink.labels, stats, centroids, 8);
-    ink.isSpeck.assign(count, false);
-    for (int label = 1; label < count; ++label) {
-        const int* stat = stats.ptr<int>(label);
-        const cv::Rect box(stat[cv::CC_STAT_LEFT], stat[cv::CC_STAT_TOP], stat[cv::CC_STAT_WIDTH],
-                           stat[cv::CC_STAT_HEIGHT]);
-        const int surface = stat[cv::CC_STAT_AREA];
-        const double fill = surface / (static_cast<double>(box.width) * box.height);
-        ink.isSpeck[label] = surface < 3 && box.width < 3 && box.height < 3;
-        if (canBeText(ink.labels, label, box, surface) && !isSideOfFrame(strokes, box, fill))
-            ink.blobs.push_back({box, label});
-    }
-    return ink;
 }
 
 /// How far apart two pieces of one line may be, as a multiple of the taller one's height, and how much of the
@@ -189,6 +173,62 @@ void forAdjacentPairs(const std::vector<cv::Rect>& boxes, int rows, const Adjace
             bands[band].push_back(right);
         }
     }
+}
+
+/// Those of the bold letters that are some indeed: they stand close beside others of their size.
+std::vector<Blob> withNeighbours(const std::vector<Blob>& shapes, const std::vector<Blob>& blobs, int rows) {
+    constexpr Adjacency withinWord{0.4, 0.5};
+    constexpr double leastShareOfHeight = 0.55;
+    std::vector<cv::Rect> boxes;
+    for (const std::vector<Blob>* list : {&shapes, &blobs}) {
+        for (const Blob& blob : *list)
+            boxes.push_back(blob.box);
+    }
+    std::vector<bool> isLetter(boxes.size(), false);
+    forAdjacentPairs(boxes, rows, withinWord, [&](int left, int right) {
+        const auto [shorter, taller] = std::minmax(boxes[left].height, boxes[right].height);
+        const bool areNested = boxes[right].br().x <= boxes[left].br().x;
+        if (!areNested && shorter >= leastShareOfHeight * taller)
+            isLetter[left] = isLetter[right] = true;
+    });
+    std::vector<Blob> letters;
+    for (std::size_t index = 0; index < shapes.size(); ++index) {
+        if (isLetter[index])
+            letters.push_back(shapes[index]);
+    }
+    return letters;
+}
+
+Ink findInk(const cv::Mat& colours) {
+    Ink ink;
+    ink.contrast = backgroundContrast(colours);
+    // Out of the ink first, so that an underline does not tie the letters that it touches into one shape.
+    const cv::Mat mask = ink.contrast >= inkThreshold;
+    const cv::Mat strokes = longStrokes(mask, {1, 0}) | longStrokes(mask, {0, 1});
+    ink.contrast.setTo(0, strokes);
+    cv::Mat stats;
+    cv::Mat centroids;
+    const int count = cv::connectedComponentsWithStats(mask & ~strokes, ink.labels, stats, centroids, 8);
+    ink.isSpeck.assign(count, false);
+    std::vector<Blob> boldLetters;
+    for (int label = 1; label < count; ++label) {
+        const int* stat = stats.ptr<int>(label);
+        const cv::Rect box(stat[cv::CC_STAT_LEFT], stat[cv::CC_STAT_TOP], stat[cv::CC_STAT_WIDTH],
+                           stat[cv::CC_STAT_HEIGHT]);
+        const int surface = stat[cv::CC_STAT_AREA];
+        const double fill = surface / (static_cast<double>(box.width) * box.height);
+        ink.isSpeck[label] = surface < 3 && box.width < 3 && box.height < 3;
+        if (!canBeText(box, surface, fill) || isSideOfFrame(strokes, box, fill))
+            continue;
+        const Shape shape = shapeOf(ink.labels, label, box, fill);
+        if (shape == Shape::letter)
+            ink.blobs.push_back({box, label});
+        else if (shape == Shape::boldLetter)
+            boldLetters.push_back({box, label});
+    }
+    std::ranges::copy(withNeighbours(boldLetters, ink.blobs, ink.contrast.rows),
+                      std::back_inserter(ink.blobs));
+    return ink;
 }
 
 /// The blobs of one line and the box around them.
@@ -276,13 +316,61 @@ void attachMarks(const std::vector<Group>& groups, int rows, DisjointSets& sets)
     }
 }
 
-std::vector<Group> groupIntoLines(const Ink& ink) {
+/// The colour of a column of pixels that has but one.
+std::optional<cv::Vec3b> colourOfColumn(const cv::Mat& colours, int x, int top, int bottom) {
+    constexpr int tolerance = 4;
+    const cv::Vec3b first = colours.at<cv::Vec3b>(top, x);
+    for (int y = top + 1; y < bottom; ++y) {
+        if (cv::norm(colours.at<cv::Vec3b>(y, x), first, cv::NORM_INF) > tolerance)
+            return std::nullopt;
+    }
+    return first;
+}
+
+/// Whether the border of a cell stands in the gap between the two: a thin line, however faint, that is longer
+/// than they are high, with the same ground on both sides.
+bool isDivided(const cv::Mat& colours, const cv::Rect& left, const cv::Rect& right) {
+    constexpr int leastGap = 5;
+    constexpr int thickestBorder = 3;
+    constexpr int leastContrast = 6;
+    const int begin = left.br().x;
+    const int end = right.x;
+    if (end - begin < leastGap)
+        return false;
+    const cv::Rect both = left | right;
+    const int beyond = std::max(2, both.height / 4);
+    const int top = std::max(0, both.y - beyond);
+    const int bottom = std::min(colours.rows, both.br().y + beyond);
+    const auto differ = [](const cv::Vec3b& first, const cv::Vec3b& second) {
+        return cv::norm(first, second, cv::NORM_INF) >= leastContrast;
+    };
+    std::optional<cv::Vec3b> ground;
+    int border = 0; // columns of another colour behind the ground
+    for (int x = begin; x < end; ++x) {
+        const auto colour = colourOfColumn(colours, x, top, bottom);
+        if (!colour || border > thickestBorder) {
+            ground.reset();
+            border = 0;
+        } else if (!ground) {
+            ground = colour;
+        } else if (differ(*colour, *ground)) {
+            ++border;
+        } else if (border > 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::vector<Group> groupIntoLines(const Ink& ink, const cv::Mat& colours) {
     DisjointSets sets(static_cast<int>(ink.blobs.size()));
     std::vector<cv::Rect> boxes;
     for (const Blob& blob : ink.blobs)
         boxes.push_back(blob.box);
-    forAdjacentPairs(boxes, ink.contrast.rows, {1.0, 0.5},
-                     [&](int left, int right) { sets.join(left, right); });
+    forAdjacentPairs(boxes, ink.contrast.rows, {1.0, 0.5}, [&](int left, int right) {
+        if (!isDivided(colours, boxes[left], boxes[right]))
+            sets.join(left, right);
+    });
     // Whole pieces know the line's height, which single letters do not: first close neighbours, then wider
     // gaps.
     for (const Adjacency adjacency : {Adjacency{0.6, 0.55}, Adjacency{1.2, 0.55}}) {
@@ -291,7 +379,8 @@ std::vector<Group> groupIntoLines(const Ink& ink) {
         for (const Group& group : groups)
             boxes.push_back(group.box);
         forAdjacentPairs(boxes, ink.contrast.rows, adjacency, [&](int left, int right) {
-            sets.join(groups[left].blobs.front(), groups[right].blobs.front());
+            if (!isDivided(colours, boxes[left], boxes[right]))
+                sets.join(groups[left].blobs.front(), groups[right].blobs.front());
         });
         attachMarks(groupsOf(sets, ink.blobs), ink.contrast.rows, sets);
     }
@@ -392,10 +481,11 @@ std::vector<Tile> tilesOf(const QRect& image) {
 }
 
 std::vector<TextSegment> segmentsOfTile(const QImage& image, const Tile& tile) {
-    const Ink ink = findInk(opaqueColours(image, tile.area));
+    const cv::Mat colours = opaqueColours(image, tile.area);
+    const Ink ink = findInk(colours);
     std::vector<bool> isOwn(ink.isSpeck.size());
     std::vector<TextSegment> segments;
-    for (const Group& group : groupIntoLines(ink)) {
+    for (const Group& group : groupIntoLines(ink, colours)) {
         const QRect box = QRect(group.box.x, group.box.y, group.box.width, group.box.height)
                               .translated(tile.area.topLeft());
         if (canBeLine(group) && tile.core.contains(box.center()))

@@ -72,6 +72,31 @@ TEST(TextSegments, KeepTheCellsOfARowApartAndLeaveOutRulesAndFilledShapes) {
     EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), (std::vector{first, second}));
 }
 
+TEST(TextSegments, KeepTheFilledLettersOfABoldWordButNoEmptyCells) {
+    QImage image = page({600, 200}, Qt::white);
+    const QRect letters[] = {{100, 60, 20, 24}, {124, 66, 18, 18}, {146, 66, 20, 18}};
+    for (const QRect& letter : letters) {
+        fill(image, letter, Qt::black);
+        fill(image, {letter.x() + 10, letter.y(), 10, 6}, Qt::white); // ragged, like letters
+    }
+    for (const int x : {300, 324, 348})
+        fill(image, {x, 60, 22, 24}, Qt::black);
+    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), std::vector{QRect(100, 60, 66, 24)});
+}
+
+TEST(TextSegments, StandOnTheGroundOfTheirCell) {
+    QImage image = page({600, 200}, QColor(205, 205, 205)); // what shows between the cells
+    std::vector<QRect> words;
+    for (const int x : {20, 152}) {
+        fill(image, {x, 60, 130, 26}, Qt::white);
+        words.push_back({x + 20, 68, 80, 10});
+        fill(image, words.back(), Qt::black); // a word whose letters touch
+        for (int column = 0; column < 8; ++column)
+            fill(image, {words.back().x() + 10 * column + 3, 72, 4, 6}, Qt::white);
+    }
+    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), words);
+}
+
 TEST(TextSegments, GoOnBehindACommaOfFixedWidth) {
     QImage image = page({600, 100}, Qt::white);
     const QRect first = drawWord(image, {60, 40}, Qt::black, Qt::white);
