@@ -16,6 +16,7 @@ InkColumns::InkColumns(const QImage& ink)
     : m_ink(ink), m_lowest(static_cast<int>(ink.height() * 0.7)), m_isBlank(ink.width()) {
     for (int x = 0; x < ink.width(); ++x)
         m_isBlank[x] = !hasInk(x);
+    const int letterEnd = baseline();
     for (int x = 0; x < ink.width(); ++x) {
         ColumnRun run{x, x};
         while (run.end < ink.width() && isLowStroke(run.end))
@@ -26,7 +27,10 @@ InkColumns::InkColumns(const QImage& ink)
         const bool goesOnRight = carriesOn(run.end - 1, run.end);
         const bool isWide =
             run.width() >= std::max(3.0, 0.3 * ink.height()) && run.width() <= 2.5 * ink.height();
-        if (!goesOnLeft && !goesOnRight && isWide)
+        const RowRun rows = inkRows(run.begin, run.end);
+        const bool isFlat = run.width() >= 2 * (rows.end - rows.begin); // a full stop is as high as wide
+        const bool isBelow = rows.begin > letterEnd; // the hook of a "J" drawn without grey is not
+        if (!goesOnLeft && !goesOnRight && isWide && isFlat && isBelow)
             m_underscores.push_back(run);
         else if (goesOnLeft && goesOnRight)
             std::fill(m_isBlank.begin() + run.begin, m_isBlank.begin() + run.end, true);
@@ -89,6 +93,16 @@ bool InkColumns::carriesOn(int stroke, int column) const {
             return true;
     }
     return false;
+}
+
+/// The lowest row of most columns with letters.
+int InkColumns::baseline() const {
+    std::vector<int> columnsEndingAt(m_ink.height());
+    for (int x = 0; x < m_ink.width(); ++x) {
+        if (!m_isBlank[x] && !isLowStroke(x))
+            ++columnsEndingAt[inkRows(x, x + 1).end - 1];
+    }
+    return static_cast<int>(std::ranges::max_element(columnsEndingAt) - columnsEndingAt.begin());
 }
 
 int InkColumns::clampedColumn(double x) const {

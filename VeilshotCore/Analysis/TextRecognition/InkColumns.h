@@ -41,6 +41,7 @@ private:
     bool hasInk(int x) const;
     bool isLowStroke(int x) const;
     bool carriesOn(int stroke, int column) const;
+    int baseline() const;
     int clampedColumn(double x) const;
 
     const QImage& m_ink;

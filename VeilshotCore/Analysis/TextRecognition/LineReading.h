@@ -25,11 +25,4 @@ struct SegmentReading {
 /// word's ink.
 SegmentReading readSegment(const TextSegment& segment, const std::vector<TesseractEngine::Symbol>& symbols);
 
-/// The lines of an image of this size. A label that ends in a colon is one line with the value beside it,
-/// however wide the column between them; apart from that every segment is a line. Behind them follow lines of
-/// two segments each that are there already but tell more together: a label such as "Born" with what stands
-/// beside or below it, a tab between them, and the end of a text with the rest of it in the next row. Each of
-/// these comes twice, with the boxes of one of the two only.
-std::vector<RecognizedLine> assembleLines(const std::vector<SegmentReading>& readings, QSize image);
-
 } // namespace Veilshot

@@ -1,7 +1,7 @@
 #include "VeilshotCore/Analysis/TextRecognition/TesseractTextRecognizer.h"
 
 #include "VeilshotCore/Analysis/AnalysisPool.h"
-#include "VeilshotCore/Analysis/TextRecognition/LineReading.h"
+#include "VeilshotCore/Analysis/TextRecognition/LineAssembly.h"
 #include "VeilshotCore/Analysis/TextRecognition/TextSegments.h"
 
 #include <QThread>

@@ -1,0 +1,286 @@
+#include "VeilshotCore/Analysis/TextRecognition/CombinedLines.h"
+
+#include "VeilshotCore/Analysis/ColumnLine.h"
+#include "VeilshotCore/Analysis/RegularExpression.h"
+#include "VeilshotCore/Analysis/TellingLabel.h"
+#include "VeilshotCore/Analysis/TextRecognition/ReadSigns.h"
+#include "VeilshotCore/Analysis/TextRecognition/ReadingPlacement.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+
+namespace {
+
+using enum RegularExpression::CaseSensitivity;
+
+/// Whether the text is one of the few words of which a name consists.
+bool mayBeName(const QString& text) {
+    static const RegularExpression expression(
+        uR"(^\p{Lu}[\p{L}'’.-]*(?:,? (?:\p{Lu}[\p{L}'’.-]*|\p{Ll}{1,3})){0,4}$)", sensitive);
+    return expression.hasMatch(text);
+}
+
+/// A house number and a word, no mail address and no label.
+bool mayBeStreet(const QString& text) {
+    static const RegularExpression expression(
+        uR"(^(?=.*(?<!\d)\d{1,5}\p{L}?(?![\p{L}\d]))(?=.*\p{L}{3})[^@:;]{6,60}$)");
+    return expression.hasMatch(text);
+}
+
+/// A town with its postcode.
+bool isPlace(const QString& text) {
+    static const RegularExpression expression(
+        uR"(^(?:(?:[A-Z]{1,2}-)?(?:\d{4,5}|\d{3} \d{2}|\d{2}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
+        uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2},? \d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}))$)",
+        sensitive);
+    return expression.hasMatch(text);
+}
+
+bool isTown(const QString& text) {
+    static const RegularExpression expression(uR"(^\p{Lu}[\p{L}.' -]{2,30},?$)", sensitive);
+    return expression.hasMatch(text);
+}
+
+bool isBarePostcode(const QString& text) {
+    static const RegularExpression expression(uR"(^(?:\d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2})$)",
+                                              sensitive);
+    return expression.hasMatch(text);
+}
+
+/// Whether the cell goes on in the one below it: an address with its floor or postcode, a number with its
+/// last digits.
+bool goesOnInCell(const QString& upper, const QString& lower) {
+    static const RegularExpression restOfAddress(
+        uR"(^(?:\d{4,5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|(?:st|kl|\d{1,2})\.? ?(?:sal)?,? ?(?:t[vh]|mf)\.?)$)");
+    static const RegularExpression restOfNumber(uR"(^\d{2,4}(?: \d{2})?$)");
+    static const RegularExpression begunNumber(uR"([\p{L}+,].*\d{2} \d{2,4}$)");
+    static const RegularExpression postcode(uR"(\d, \d{4,5}$|, \d{4,5}$)");
+    static const RegularExpression word(uR"(\p{L}{2})");
+    return (restOfAddress.hasMatch(lower) && word.hasMatch(upper)) ||
+           (restOfNumber.hasMatch(lower) && begunNumber.hasMatch(upper)) ||
+           (postcode.hasMatch(upper) && isTown(lower));
+}
+
+/// Whether a short text goes on in the next row as longer ones do: an address behind its comma, the four
+/// pairs of a telephone number.
+bool goesOnInText(const QString& upper, const QString& lower) {
+    static const RegularExpression begunAddress(uR"(\d.*,$)");
+    static const RegularExpression place(uR"(^(?:[A-Z]{1,2}-)?\d{4,5} \p{Lu}\p{Ll})", sensitive);
+    static const std::pair<RegularExpression, RegularExpression> pairsOfDigits[] = {
+        {RegularExpression(uR"((?<!\d )\b\d{2}$)"), RegularExpression(uR"(^\d{2} \d{2} \d{2}(?! ?\d))")},
+        {RegularExpression(uR"((?<!\d )\b\d{2} \d{2}$)"), RegularExpression(uR"(^\d{2} \d{2}(?! ?\d))")},
+        {RegularExpression(uR"((?<!\d )\b\d{2} \d{2} \d{2}$)"), RegularExpression(uR"(^\d{2}(?! ?\d))")},
+    };
+    static const RegularExpression word(uR"(\p{L}{2})");
+    return (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
+           (word.hasMatch(upper) && std::ranges::any_of(pairsOfDigits, [&](const auto& pairs) {
+                return pairs.first.hasMatch(upper) && pairs.second.hasMatch(lower);
+            }));
+}
+
+/// Whether a mail or web address is torn by the end of the row, behind one of its signs, or a key behind its
+/// hyphen.
+bool isTornToken(const QString& upper, const QString& lower) {
+    static const RegularExpression begunLink(uR"((?:[\w.+-]@|://|www\.)\S*[-./_?&=@]$)");
+    static const RegularExpression restOfLink(uR"(^[\w%~.-]*[\w/](?=\s|$))");
+    static const RegularExpression begunMailbox(uR"([\p{L}\d]{2}[-._]$)");
+    static const RegularExpression restOfMail(uR"(^[\w.+-]+@[\w-]+\.\w)");
+    static const RegularExpression begunKey(uR"((?<!\S)(?=\S*\d)[\w-]{8,}-$)");
+    static const RegularExpression restOfKey(uR"(^(?=\S*\d)[\w-]{6,})");
+    return (begunLink.hasMatch(upper) && restOfLink.hasMatch(lower)) ||
+           (begunMailbox.hasMatch(upper) && restOfMail.hasMatch(lower)) ||
+           (begunKey.hasMatch(upper) && restOfKey.hasMatch(lower));
+}
+
+/// A part of a reading: from one character on up to another.
+struct Part {
+    const SegmentReading& reading;
+    TextRange range;
+
+    QString text() const { return reading.text.sliced(range.location, range.length); }
+
+    std::vector<RecognizedLine::Symbol> symbols(qsizetype offset, QSize image) const {
+        std::vector<RecognizedLine::Symbol> symbols;
+        for (const SegmentReading::Symbol& symbol : reading.symbols) {
+            if (symbol.range.intersects(range))
+                symbols.push_back({{symbol.range.location - range.location + offset, symbol.range.length},
+                                   NormalizedRect::fromPixels(symbol.box, image)});
+        }
+        return symbols;
+    }
+};
+
+Part whole(const SegmentReading& reading) {
+    return {reading, {0, reading.text.size()}};
+}
+
+/// A line with a label and its colon would be hidden whole, whatever stands behind it.
+Part withoutColon(const SegmentReading& label) {
+    return {label, {0, label.text.endsWith(u':') ? label.text.size() - 1 : label.text.size()}};
+}
+
+/// The texts of all parts, `between` them, in which only one of the parts has boxes: once for each.
+void appendForEach(std::vector<RecognizedLine>& lines, const std::vector<Part>& parts, const QString& between,
+                   QSize image) {
+    QString text;
+    std::vector<qsizetype> offsets;
+    for (const Part& part : parts) {
+        if (!offsets.empty())
+            text += between;
+        offsets.push_back(text.size());
+        text += part.text();
+    }
+    settleSigns(text);
+    for (std::size_t index = 0; index < parts.size(); ++index)
+        lines.emplace_back(text, parts[index].symbols(offsets[index], image));
+}
+
+/// The last words, or the first.
+enum class End { first, last };
+
+Part words(int count, const SegmentReading& reading, End end) {
+    constexpr qsizetype mostCharacters = 80;
+    const QString& text = reading.text;
+    qsizetype at = end == End::first ? 0 : text.size() - 1;
+    const qsizetype step = end == End::first ? 1 : -1;
+    int blanks = 0;
+    qsizetype length = 0;
+    for (; at >= 0 && at < text.size() && length < mostCharacters; at += step, ++length) {
+        if (text[at] == u' ' && ++blanks == count)
+            break;
+    }
+    return {reading, end == End::first ? TextRange{0, length} : TextRange{text.size() - length, length}};
+}
+
+Part fewWords(const SegmentReading& reading, End end) {
+    return words(8, reading, end);
+}
+
+/// Whether it is a line of a text that is wrapped, not a cell of a table.
+bool isProse(const SegmentReading& reading) {
+    constexpr int leastWidth = 18; // in heights
+    static const RegularExpression smallWord(uR"((?<![\p{L}\p{N}])\p{Ll}{2,}(?![\p{L}\p{N}]))",
+                                             RegularExpression::CaseSensitivity::sensitive);
+    return reading.box.width() >= leastWidth * reading.box.height() &&
+           smallWord.ranges(reading.text).size() >= 3;
+}
+
+/// A label in a text would give all of it away that is read on with it.
+bool hasLabel(const QString& text) {
+    static const RegularExpression expression(uR"(\p{L}\s*[:#])");
+    return expression.hasMatch(text);
+}
+
+/// Whether the two belong to one text and may be read across the end of the line; not where a time or a date
+/// begins the next line of a log.
+bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
+    static const RegularExpression time(uR"(^\[?\d+[:./-]\d)");
+    return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
+}
+
+void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                    const std::vector<std::vector<std::size_t>>& columns, QSize image) {
+    const auto append = [&](const SegmentReading& label, const SegmentReading& value) {
+        appendForEach(lines, {withoutColon(label), whole(value)}, u"\t"_s, image);
+    };
+    for (const std::vector<std::size_t>& column : columns) {
+        const SegmentReading& header = readings[column.front()];
+        if (!isLabelOfDetail(header.text))
+            continue;
+        for (std::size_t row = 1; row < column.size(); ++row) {
+            if (!isBelow(header, readings[column[row]]))
+                append(header, readings[column[row]]);
+        }
+    }
+    for (const SegmentReading& label : readings) {
+        const bool isPerson = isLabelOfPerson(label.text);
+        if (!isPerson && !isLabelOfDetail(label.text))
+            continue;
+        const SegmentReading* beside = nullptr;
+        for (const SegmentReading& value : readings) {
+            if (isPerson && !mayBeName(value.text))
+                continue;
+            if (isBelow(label, value))
+                append(label, value);
+            if (isBeside(label, value) && (!beside || value.box.left() < beside->box.left()))
+                beside = &value;
+        }
+        if (beside)
+            append(label, *beside);
+    }
+}
+
+/// An address that stands below each other: a street, a town with its postcode or both apart.
+void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& upper,
+                   const SegmentReading& lower, const std::vector<SegmentReading>& readings, QSize image) {
+    if (mayBeStreet(upper.text) && isPlace(lower.text))
+        appendForEach(lines, {whole(upper), whole(lower)}, u", "_s, image);
+    if (!isTown(upper.text) || !isBarePostcode(lower.text))
+        return;
+    for (const SegmentReading& street : readings) {
+        if (isBelow(street, upper) && mayBeStreet(street.text))
+            appendForEach(lines, {whole(street), whole(upper), whole(lower)}, u", "_s, image);
+    }
+}
+
+void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                     QSize image) {
+    for (const SegmentReading& lower : readings) {
+        if (lower.text.isEmpty())
+            continue;
+        for (const SegmentReading& upper : readings) {
+            if (!isBelow(upper, lower))
+                continue;
+            if (isTornToken(upper.text, lower.text))
+                appendForEach(lines, {words(1, upper, End::last), words(1, lower, End::first)}, u""_s, image);
+            else if (goesOnInCell(upper.text, lower.text))
+                appendForEach(lines, {whole(upper), whole(lower)}, u" "_s, image);
+            else if (isWrapped(upper, lower) && !hasLabel(upper.text) && !hasLabel(lower.text))
+                appendForEach(lines, {fewWords(upper, End::last), fewWords(lower, End::first)}, u" "_s,
+                              image);
+            if (!goesOnInText(upper.text, lower.text))
+                appendAddress(lines, upper, lower, readings, image);
+        }
+    }
+}
+
+void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                   const std::vector<std::vector<std::size_t>>& columns, QSize image) {
+    for (const std::vector<std::size_t>& column : columns) {
+        const auto count =
+            std::ranges::count_if(column, [&](std::size_t cell) { return mayBeName(readings[cell].text); });
+        if (2 * static_cast<std::size_t>(count) < column.size())
+            continue;
+        QString text;
+        std::vector<RecognizedLine::Symbol> symbols;
+        for (const std::size_t index : column) {
+            const Part cell =
+                index == column.front() ? withoutColon(readings[index]) : whole(readings[index]);
+            if (!mayBeName(readings[index].text) && index != column.front())
+                continue;
+            if (!text.isEmpty())
+                text += cellSeparator;
+            std::ranges::copy(cell.symbols(text.size(), image), std::back_inserter(symbols));
+            text += cell.text();
+        }
+        lines.emplace_back(text, std::move(symbols));
+    }
+}
+
+} // namespace
+
+std::vector<RecognizedLine> combinedLines(const std::vector<SegmentReading>& readings, QSize image) {
+    const std::vector<std::vector<std::size_t>> columns = columnsOf(readings);
+    std::vector<RecognizedLine> lines;
+    appendLabelled(lines, readings, columns, image);
+    appendContinued(lines, readings, image);
+    appendColumns(lines, readings, columns, image);
+    return lines;
+}
+
+} // namespace Veilshot

@@ -1,0 +1,101 @@
+#include "VeilshotCore/Analysis/TextRecognition/CombinedLines.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+namespace {
+
+SegmentReading reading(const QString& text, const QRect& box) {
+    return {text, {{{0, text.size()}, QRectF(box)}}, box};
+}
+
+using Texts = std::vector<std::string>;
+
+/// What the lines hold of which some part has a box here.
+Texts linesWith(const std::vector<SegmentReading>& readings, const QRect& place) {
+    Texts texts;
+    for (const RecognizedLine& line : combinedLines(readings, {1000, 1000})) {
+        if (line.boundingBox().toPixels({1000, 1000}).intersects(place))
+            texts.push_back(line.text().toStdString());
+    }
+    return texts;
+}
+
+TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
+    const QRect first(10, 10, 40, 12), beside(150, 10, 90, 12), below(10, 30, 90, 12), wide(10, 10, 400, 12);
+    const auto labelled = [&](const QRect& place) {
+        return linesWith({reading(u"Born"_s, first), reading(u"4 July 1961"_s, place)}, place);
+    };
+    EXPECT_EQ(labelled(beside), Texts{"Born\t4 July 1961"});
+    EXPECT_EQ(labelled(below), Texts{"Born\t4 July 1961"});
+    EXPECT_EQ(labelled({500, 30, 90, 12}), Texts{});
+
+    struct Row {
+        QString upper;
+        QString lower;
+        std::string together;
+    };
+    const Row rows[] = {
+        {u"12 Mill Road, Savannah, GA"_s, u"31446"_s, "12 Mill Road, Savannah, GA 31446"},
+        {u"Havnegade 52C,"_s, u"3. th"_s, "Havnegade 52C, 3. th"},
+        {u"Bo Lund, 98 09 71"_s, u"69"_s, "Bo Lund, 98 09 71 69"},
+        {u"you are welcome to call Max on 60 98"_s, u"89 88 on working days"_s,
+         "are welcome to call Max on 60 98 89 88 on working days"},
+        {u"Ja, det er Gl. Kongevej 175, 2. tv,"_s, u"3000 Helsingør. Ring på"_s,
+         "Ja, det er Gl. Kongevej 175, 2. tv, 3000 Helsingør. Ring på"},
+        {u"Bøgevej 8, 1. tv, 3600"_s, u"Frederikssund"_s, "Bøgevej 8, 1. tv, 3600 Frederikssund"},
+        {u"Alma Gade, 24"_s, u"45 86 97"_s, "Alma Gade, 24 45 86 97"},
+        {u"write to odalys.ferrer@lighthouse-"_s, u"tickets.example"_s,
+         "odalys.ferrer@lighthouse-tickets.example"},
+        {u"remote login 9shxf25a-gd0xzse0-"_s, u"sn3heun1f5h8 is valid"_s, "9shxf25a-gd0xzse0-sn3heun1f5h8"},
+        {u"98 09 71"_s, u"69"_s, {}},                                               // a column of numbers
+        {u"Anna Lund"_s, u"Bo Berg"_s, {}},                                         // a list
+        {u"you are welcome to call name: 60 98"_s, u"89 88 on working days"_s, {}}, // would hide both
+        {u"accepted the key on port 50022"_s, u"08:15:11.203 trace"_s, {}},         // a log
+    };
+    for (const Row& row : rows) {
+        const Texts expected = row.together.empty() ? Texts{} : Texts{row.together};
+        EXPECT_EQ(linesWith({reading(row.upper, wide), reading(row.lower, below)}, below), expected);
+    }
+}
+
+TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
+    const QRect street(10, 10, 140, 12), town(10, 30, 120, 12), postcode(10, 50, 60, 12);
+    EXPECT_EQ(
+        linesWith({reading(u"7427 Vista del Sol"_s, street), reading(u"Burlington, VT 05470"_s, town)}, town),
+        Texts{"7427 Vista del Sol, Burlington, VT 05470"});
+    EXPECT_EQ(linesWith({reading(u"210 Lower Marsh"_s, street), reading(u"Stoke-on-Trent"_s, town),
+                         reading(u"ST4 3ZQ"_s, postcode)},
+                        street),
+              Texts{"210 Lower Marsh, Stoke-on-Trent, ST4 3ZQ"});
+    EXPECT_EQ(linesWith({reading(u"Anna Lund"_s, street), reading(u"3400 Hillerød"_s, town)}, town), Texts{});
+}
+
+/// Cells below each other, flush right, 30 pixels from row to row.
+std::vector<SegmentReading> columnOf(const QStringList& cells) {
+    std::vector<SegmentReading> readings;
+    for (int row = 0; row < cells.size(); ++row) {
+        const int width = 8 * static_cast<int>(cells[row].size());
+        readings.push_back(reading(cells[row], {400 - width, 10 + 30 * row, width, 12}));
+    }
+    return readings;
+}
+
+TEST(CombinedLines, TellTheCellsOfAColumnTogether) {
+    const std::vector<SegmentReading> names =
+        columnOf({u"Guest"_s, u"Ove Juul"_s, u"Achterberg"_s, u"Hope"_s});
+    EXPECT_EQ(linesWith(names, names[3].box), Texts{"Guest\t│\tOve Juul\t│\tAchterberg\t│\tHope"});
+    const std::vector<SegmentReading> dates =
+        columnOf({u"Born"_s, u"1.2.2014"_s, u"3.4.2013"_s, u"5.6.2014"_s});
+    EXPECT_EQ(linesWith(dates, dates[3].box), Texts{"Born\t5.6.2014"});
+
+    std::vector<SegmentReading> uneven = columnOf({u"Ove"_s, u"Bo"_s, u"Ida"_s, u"Per"_s});
+    for (std::size_t row = 0; row < uneven.size(); ++row)
+        uneven[row].box.translate(0, row % 2 == 1 ? 14 : 0); // pairs of label and value, not rows
+    EXPECT_EQ(linesWith(uneven, uneven[3].box), Texts{});
+}
+
+} // namespace
+} // namespace Veilshot
