@@ -2,6 +2,7 @@
 
 #include "VeilshotCore/Analysis/NameTagging/NameEvidence.h"
 #include "VeilshotCore/Analysis/NameTagging/NameFeatures.h"
+#include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
 
 #include <QFile>
 #include <algorithm>
@@ -72,6 +73,8 @@ TrainedNameTagger::TrainedNameTagger() : m_segmenter(builtInSegmenter()) {}
 TrainedNameTagger::TrainedNameTagger(const QByteArray& model) : m_segmenter(segmenterOf(model)) {}
 
 std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) const {
+    if (hasCells(line))
+        return namesInCells(line, *this);
     const std::vector<TextRange> listed = m_listTagger.personalNames(line);
     if (!m_segmenter)
         return listed;
