@@ -53,8 +53,9 @@ class Names:
         self.countries = sorted(country for country in self.first if len(self.first[country]) >= 15)
         self.with_last = [country for country in self.countries if len(self.last.get(country, ())) >= 15]
         everything = {name for names in self.first.values() for name in names}
-        self.words = sorted(capitalised(name) for name in everything
-                            if name in words or name in ("april", "may", "june", "august", "bo", "stig", "bent"))
+        self.words = sorted(capitalised(name) for name in everything if name in words)
+        sources = collections.Counter(name for names in self.first.values() for name in names)
+        self.usual_words = [name for name in self.words if sources[name.lower()] >= 3]
         self.word_surnames = sorted(capitalised(name) for names in self.last.values() for name in names if name in words)
 
     @staticmethod
@@ -78,8 +79,8 @@ class Names:
                                   self.with_last if needs_last else self.countries)
 
     def one_first(self):
-        if self.random.random() < 0.14:
-            return self.random.choice(self.words)
+        if self.random.random() < 0.16:
+            return self.random.choice(self.usual_words if self.random.random() < 0.8 else self.words)
         name = capitalised(self.random.choice(self.first[self.country()]))
         if self.random.random() < 0.06 and "-" not in name:
             name += "-" + capitalised(self.random.choice(self.first[self.country()]))
@@ -92,6 +93,9 @@ class Names:
         if self.random.random() < 0.1 and "-" not in name:
             name += self.random.choice(("-", "-", " ")) + capitalised(
                 self.random.choice(self.last[self.country(needs_last=True)]))
+        if self.random.random() < 0.05:
+            name = self.random.choice(("van", "van der", "von", "de", "de la", "da", "dos", "di", "Di", "De", "Ó", "Ní",
+                                       "Nic", "Mac", "ap", "bin", "Ben", "El", "Abu", "af", "Le", "Van")) + " " + name
         return name
 
     def full(self):
@@ -101,7 +105,23 @@ class Names:
         chance = self.random.random()
         middle = f" {self.random.choice('ABCDEFGHJKLMNPRSTVW')}." if chance < 0.08 else \
             f" {self.one_first()}" if chance < 0.14 else ""
+        if chance > 0.95:
+            return f"{first[0]}. {last}"
+        if chance > 0.92:
+            return f"{first} {last[0]}."
         return first + middle + " " + last
+
+    def in_cell(self):
+        """As a table or form has it, some with capitals for the last name."""
+        chance = self.random.random()
+        if chance < 0.2:
+            return self.one_last() if chance < 0.12 else self.one_first()
+        if chance < 0.36:
+            last, first = self.one_last(), self.full().split(" ")[0] if chance < 0.24 else self.one_first()
+            return f"{last.upper() if chance < 0.27 else last}, {first}"
+        first, last = (self.full() if chance < 0.9 else f"{self.one_first()} {self.one_last()}").split(" ", 1)
+        return f"{first} {last.upper()}" if chance < 0.39 else f"{first} {last}".upper() if chance < 0.43 else \
+            f"{last}/{first}".upper() if chance < 0.445 else f"{first} {last}"
 
 
 class Decoys:
@@ -161,10 +181,10 @@ class Decoys:
     def thing(self, lang="en"):
         """A heading, menu item or title."""
         chance = self.random.random()
-        if chance < 0.08:
+        if chance < 0.12:
             return self.abbreviation()
         words = [self.word(lang) for _ in range(self.random.choice((1, 1, 1, 2, 2, 2, 3)))]
-        if len(words) > 1 and chance < 0.4:
+        if len(words) > 1 and chance < (0.4 if lang == "en" else 0.97):
             words[1:] = [word.lower() for word in words[1:]]
         return " ".join(words)
 
@@ -290,7 +310,7 @@ FIELD = re.compile(r"\{(\w+)\}")
 
 def genitive(name, lang, rand):
     if lang == "en":
-        return name, rand.choice(("'s", "’s", "'" if name.endswith("s") else "'s"))
+        return name, "s" if rand.random() < 0.06 else rand.choice(("'s", "’s", "'" if name.endswith("s") else "'s"))
     if name[-1] in "sxz":
         return (name, rand.choice(("'", "’"))) if rand.random() < 0.4 else (name + "s", "") if rand.random() < 0.5 else (name, "")
     return name + "s", ""
@@ -364,15 +384,11 @@ def cells(names, decoys, rand, count):
         if rand.random() < 0.1:
             line.add(f"{rand.randrange(1, 60)} ")
         chance = rand.random()
-        if chance < 0.27:
-            line.add(names.full(), True)
-        elif chance < 0.33:
-            line.add(f"{names.one_last()}, {names.one_first()}", True)
-        elif chance < 0.35:
-            line.add(names.one_first(), True)
-        elif chance < 0.47:
+        if chance < 0.4:
+            line.add(names.in_cell(), True)
+        elif chance < 0.5:
             line.add(decoys.company())
-        elif chance < 0.54:
+        elif chance < 0.55:
             line.add(decoys.place())
         elif chance < 0.57:
             line.add(f"{decoys.place()}, {decoys.place()}")
@@ -392,18 +408,19 @@ def main():
     parser.add_argument("--faker", type=pathlib.Path, required=True)
     parser.add_argument("--output", type=pathlib.Path, required=True)
     parser.add_argument("--times", type=int, default=28, help="how often each template is filled in")
-    parser.add_argument("--cells", type=int, default=12000)
+    parser.add_argument("--cells", type=int, default=36000)
     arguments = parser.parse_args()
 
     rand = random.Random(1)
-    words = sorted({word for word, band in LEXICON.scowl_words(arguments.scowl) if band != "x" and word.islower()})
-    names = Names(arguments.lists, arguments.faker, set(words), rand)
+    words = {"en": sorted({word for word, band in LEXICON.scowl_words(arguments.scowl) if band != "x" and word.islower()}),
+             "da": [word for word in LEXICON.read_lines(arguments.danish) if word.islower()]}
+    months = {month.lower() for of_language in MONTHS.values() for month in of_language}
+    names = Names(arguments.lists, arguments.faker, {*words["en"], *words["da"], *months}, rand)
     firsts = {LEXICON.fold(name) for of_country in names.first.values() for name in of_country}
     surnames = {LEXICON.fold(name) for of_country in names.last.values() for name in of_country}
-    ordinary = {"en": words, "da": [word for word in LEXICON.read_lines(arguments.danish) if word.islower()]}
     decoys = Decoys(arguments.corpora, arguments.lists,
                     {lang: [word for word in of_language if 2 < len(word) < 15 and LEXICON.fold(word) not in firsts
-                            and LEXICON.fold(word) not in surnames] for lang, of_language in ordinary.items()}, rand)
+                            and LEXICON.fold(word) not in surnames] for lang, of_language in words.items()}, rand)
     with arguments.output.open("w", encoding="utf-8") as output:
         for entries in (running_lines(arguments.corpora, names, rand, firsts),
                         template_lines(names, decoys, rand, arguments.times),

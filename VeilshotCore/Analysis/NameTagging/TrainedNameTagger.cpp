@@ -34,23 +34,68 @@ WordTraits traitsBefore(const std::vector<NameToken>& tokens, qsizetype location
     return word == tokens.rend() ? WordTraits() : NameLexicon::shared().traits(word->folded);
 }
 
+/// "Ezra's number": a common first name that means nothing else and owns something.
+bool isOwner(TextRange listed, const std::vector<NameToken>& tokens) {
+    const auto name = std::ranges::find(tokens, listed, &NameToken::range);
+    if (name == tokens.end() || tokens.end() - name < 3 || name->letterCase != NameToken::LetterCase::title)
+        return false;
+    const WordTraits traits = NameLexicon::shared().traits(name->folded);
+    return (traits & WordTrait::strongFirstName) && !(traits & anyMeaning) &&
+           name[1].kind == NameToken::Kind::possessive &&
+           name[2].letterCase == NameToken::LetterCase::lower;
+}
+
 /// Whether the lists are trusted more than the model: with names of several words and with what follows a
 /// title they are hardly ever wrong.
 bool isCertain(TextRange listed, QStringView line, const std::vector<NameToken>& tokens) {
     return line.sliced(listed.location, listed.length).contains(u' ') ||
-           traitsBefore(tokens, listed.location).testFlag(WordTrait::title);
+           traitsBefore(tokens, listed.location).testFlag(WordTrait::title) || isOwner(listed, tokens);
 }
 
 /// Whether the model may be wrong about the single word: it means something else and is in no list of names
-/// ("Dough is alive"), or it fills the line and means something else as well or does not look like a name
-/// ("Gul", "IBAN").
+/// ("Dough is alive"), is in none and has no capital, or it fills the line and means something else as well or
+/// does not look like a name ("Gul", "IBAN").
 bool isDoubtful(const NameToken& word, QStringView line, const std::vector<NameToken>& tokens) {
     const WordTraits traits = lineWordTraits(NameLexicon::shared(), word, line);
     const bool hasMeaning = bool(traits & anyMeaning);
     const bool isName = bool(traits & anyName);
     const bool fillsLine = tokens.size() == 1;
     const bool looksLikeName = word.letterCase == NameToken::LetterCase::title;
-    return (hasMeaning && !isName) || (fillsLine && (hasMeaning || !looksLikeName));
+    const bool isSmall = word.letterCase == NameToken::LetterCase::lower;
+    return ((hasMeaning || isSmall) && !isName) || (fillsLine && (hasMeaning || !looksLikeName));
+}
+
+/// Where a blank is missing between a first and a last name that recognition ran together: "LeonieSenger". At
+/// least one half is such a name and means nothing else; "JavaScript" and "McDonald" stay whole.
+std::vector<qsizetype> lostBlanks(QStringView line) {
+    constexpr qsizetype shortest = 3;
+    const NameLexicon& lexicon = NameLexicon::shared();
+    std::vector<qsizetype> lost;
+    for (const NameToken& token : nameTokens(line)) {
+        const QStringView word = line.sliced(token.range.location, token.range.length);
+        if (token.letterCase != NameToken::LetterCase::mixed || !word.front().isUpper() || token.hasDigits)
+            continue;
+        const auto isHump = [&](qsizetype at) { return word[at].isUpper() && word[at - 1].isLower(); };
+        qsizetype hump = 1;
+        while (hump < word.size() && !isHump(hump))
+            ++hump;
+        if (hump < shortest || word.size() - hump < shortest)
+            continue;
+        const WordTraits first = lexicon.traits(foldedName(word.first(hump)));
+        const WordTraits last = lexicon.traits(foldedName(word.sliced(hump)));
+        const bool hasName = ((first & anyFirstName) && !(first & anyMeaning)) ||
+                             ((last & anyLastName) && !(last & anyMeaning));
+        const bool hasWord = ((first & anyMeaning) && !(first & anyName)) ||
+                             ((last & anyMeaning) && !(last & anyName));
+        if (hasName && !hasWord)
+            lost.push_back(token.range.location + hump);
+    }
+    return lost;
+}
+
+/// Two digits may be letters misread, more are none.
+bool isCode(QStringView text) {
+    return std::ranges::count_if(text, [](QChar c) { return c.isDigit(); }) > 2;
 }
 
 std::vector<TextRange> merged(std::vector<TextRange> ranges) {
@@ -72,6 +117,27 @@ TrainedNameTagger::TrainedNameTagger() : m_segmenter(builtInSegmenter()) {}
 TrainedNameTagger::TrainedNameTagger(const QByteArray& model) : m_segmenter(segmenterOf(model)) {}
 
 std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) const {
+    const std::vector<qsizetype> lost = lostBlanks(line);
+    if (lost.empty())
+        return namesAsWritten(line);
+    QString spaced = line;
+    for (auto at = lost.rbegin(); at != lost.rend(); ++at)
+        spaced.insert(*at, u' ');
+    std::vector<TextRange> names = namesAsWritten(spaced);
+    for (TextRange& name : names) {
+        const auto blanksBefore = [&](qsizetype place) {
+            qsizetype count = 0;
+            while (count < std::ssize(lost) && lost[static_cast<size_t>(count)] + count < place)
+                ++count;
+            return count;
+        };
+        const qsizetype start = name.location - blanksBefore(name.location);
+        name = {start, name.end() - blanksBefore(name.end()) - start};
+    }
+    return merged(std::move(names));
+}
+
+std::vector<TextRange> TrainedNameTagger::namesAsWritten(const QString& line) const {
     const std::vector<TextRange> listed = m_listTagger.personalNames(line);
     if (!m_segmenter)
         return listed;
@@ -82,6 +148,8 @@ std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) con
         const qsizetype start = tokens[name.first].range.location;
         const TextRange range{start, tokens[name.last].range.end() - start};
         const bool isAgreed = std::ranges::find(listed, range) != listed.end();
+        if (isCode(QStringView(line).sliced(range.location, range.length)))
+            continue;
         if (isAgreed || name.first != name.last || !isDoubtful(tokens[name.first], line, tokens))
             names.push_back(range);
     }

@@ -22,6 +22,8 @@ public:
     std::vector<TextRange> personalNames(const QString& line) const override;
 
 private:
+    std::vector<TextRange> namesAsWritten(const QString& line) const;
+
     std::shared_ptr<const NameSegmenter> m_segmenter; ///< null without a model
     ListNameTagger m_listTagger;
 };
