@@ -25,8 +25,8 @@ struct Options {
     std::string output;
     double noiseShare = 0.25;
     double thinnedShare = 0.3;
-    double droppedNames = 0.4;
-    double droppedWords = 0.2;
+    double droppedNames = 0.5;
+    double droppedWords = 0.25;
     LearningOptions learning;
 };
 

@@ -337,6 +337,10 @@ def template_line(template, lang, names, decoys, rand):
             name, ending = genitive(names.one_first() if rand.random() < 0.75 else names.full(), lang, rand)
             line.add(name, True)
             line.add(ending)
+        elif kind == "firmfull":
+            line.add(names.full())
+        elif kind == "firmlast":
+            line.add(names.one_last())
         elif kind == "place":
             line.add(decoys.place())
         elif kind == "company":

@@ -34,21 +34,33 @@ WordTraits traitsBefore(const std::vector<NameToken>& tokens, qsizetype location
     return word == tokens.rend() ? WordTraits() : NameLexicon::shared().traits(word->folded);
 }
 
-/// "Ezra's number": a common first name that means nothing else and owns something.
+/// "Ezra's number": a first name that owns something; a common one may also be an ordinary word.
 bool isOwner(TextRange listed, const std::vector<NameToken>& tokens) {
     const auto name = std::ranges::find(tokens, listed, &NameToken::range);
     if (name == tokens.end() || tokens.end() - name < 3 || name->letterCase != NameToken::LetterCase::title)
         return false;
     const WordTraits traits = NameLexicon::shared().traits(name->folded);
-    return (traits & WordTrait::strongFirstName) && !(traits & anyMeaning) &&
+    constexpr WordTraits ordinary = WordTrait::frequentWord | WordTrait::word | WordTrait::rareWord |
+                                    WordTrait::danishWord | WordTrait::rareDanishWord | WordTrait::auxiliary;
+    const bool isName = (traits & anyFirstName) && !(traits & anyMeaning);
+    const bool isCommonName = (traits & WordTrait::strongFirstName) && !(traits & anyMeaning & ~ordinary);
+    return (isName || isCommonName) &&
            name[1].kind == NameToken::Kind::possessive &&
            name[2].letterCase == NameToken::LetterCase::lower;
 }
 
-/// Whether the lists are trusted more than the model: with names of several words and with what follows a
-/// title they are hardly ever wrong.
+bool holdsListedName(TextRange range, QStringView line, const std::vector<NameToken>& tokens) {
+    return std::ranges::any_of(tokens, [&](const NameToken& token) {
+        return token.kind == NameToken::Kind::word && token.range.intersects(range) &&
+               (lineWordTraits(NameLexicon::shared(), token, line) & anyName);
+    });
+}
+
+/// Whether the lists are trusted more than the model: with names of several words, one of them listed, and
+/// with what follows a title they are hardly ever wrong.
 bool isCertain(TextRange listed, QStringView line, const std::vector<NameToken>& tokens) {
-    return line.sliced(listed.location, listed.length).contains(u' ') ||
+    return (line.sliced(listed.location, listed.length).contains(u' ') &&
+            holdsListedName(listed, line, tokens)) ||
            traitsBefore(tokens, listed.location).testFlag(WordTrait::title) || isOwner(listed, tokens);
 }
 
