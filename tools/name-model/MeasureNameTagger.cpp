@@ -43,8 +43,7 @@ struct Figures {
             openCharacters += name.length - characters;
             hidden -= characters;
         }
-        otherCharacters +=
-            whole.length - charactersIn(line.names, whole) - charactersIn(line.others, whole);
+        otherCharacters += whole.length - charactersIn(line.names, whole) - charactersIn(line.others, whole);
         hiddenCharacters += hidden;
         namelessLines += line.names.empty() ? 1 : 0;
         flagged += line.names.empty() && !tagged.empty() ? 1 : 0;

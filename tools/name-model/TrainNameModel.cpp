@@ -37,8 +37,8 @@ QByteArray builtIn(const QString& name) {
     return file.readAll();
 }
 
-/// The lists without a share of their words. Nearly every name of the corpora stands in the lists, on a screen
-/// every tenth does not: so the spelling and the neighbours of such names are learnt, too.
+/// The lists without a share of their words. Nearly every name of the corpora stands in the lists, on a
+/// screen every tenth does not: so the spelling and the neighbours of such names are learnt, too.
 NameLexicon thinnedLexicon(const Options& options, unsigned seed) {
     std::mt19937 random(seed);
     std::bernoulli_distribution isNameDropped(options.droppedNames);
@@ -46,7 +46,8 @@ NameLexicon thinnedLexicon(const Options& options, unsigned seed) {
     QByteArray kept;
     for (const QByteArray& line : builtIn(u"NameLexicon.txt"_s).split('\n')) {
         const QByteArray flags = line.mid(line.indexOf(' ') + 1);
-        const bool isName = std::ranges::any_of(flags, [](char flag) { return QByteArrayView("FfLl").contains(flag); });
+        const bool isName =
+            std::ranges::any_of(flags, [](char flag) { return QByteArrayView("FfLl").contains(flag); });
         if (!(isName ? isNameDropped(random) : isWordDropped(random)))
             kept += line + '\n';
     }

@@ -26,6 +26,8 @@ SPEC.loader.exec_module(LEXICON)
 
 RUNNING_TEXT = ("ewt-train", "ddt-train", "wikigold", "btc-train")
 PARTICLES = {"van", "von", "de", "der", "den", "da", "di", "del", "della", "bin", "al", "la", "le", "du", "dos", "ní"}
+PREFIXES = ("van", "van der", "von", "de", "de la", "da", "dos", "di", "Di", "De", "Ó", "Ní", "Nic", "Mac", "ap", "bin",
+            "Ben", "El", "Abu", "af", "Le", "Van")
 
 
 def utf16(text):
@@ -47,16 +49,19 @@ def capitalised(name):
 class Names:
     """Draws names; those of a person come from one country mostly."""
 
-    def __init__(self, lists, faker, words, rand):
+    def __init__(self, lists, faker, words, months, rand):
+        """`words` by language."""
         self.random = rand
+        ordinary = {*words["en"], *words["da"], *months}
         self.first, self.last = (self.by_country(lists / f"{part}.tsv", faker, part) for part in ("first", "last"))
         self.countries = sorted(country for country in self.first if len(self.first[country]) >= 15)
         self.with_last = [country for country in self.countries if len(self.last.get(country, ())) >= 15]
         everything = {name for names in self.first.values() for name in names}
-        self.words = sorted(capitalised(name) for name in everything if name in words)
+        self.words = sorted(capitalised(name) for name in everything if name in ordinary)
         sources = collections.Counter(name for names in self.first.values() for name in names)
         self.usual_words = [name for name in self.words if sources[name.lower()] >= 3]
-        self.word_surnames = sorted(capitalised(name) for names in self.last.values() for name in names if name in words)
+        self.word_surnames = sorted(capitalised(name) for names in self.last.values() for name in names
+                                    if name in ordinary)
 
     @staticmethod
     def by_country(path, faker, part):
@@ -94,8 +99,7 @@ class Names:
             name += self.random.choice(("-", "-", " ")) + capitalised(
                 self.random.choice(self.last[self.country(needs_last=True)]))
         if self.random.random() < 0.05:
-            name = self.random.choice(("van", "van der", "von", "de", "de la", "da", "dos", "di", "Di", "De", "Ó", "Ní",
-                                       "Nic", "Mac", "ap", "bin", "Ben", "El", "Abu", "af", "Le", "Van")) + " " + name
+            name = f"{self.random.choice(PREFIXES)} {name}"
         return name
 
     def full(self):
@@ -127,8 +131,8 @@ class Names:
 class Decoys:
     """Draws what is written like a name and is none."""
 
-    def __init__(self, corpora, lists, words, rand):
-        """`words` by language."""
+    def __init__(self, corpora, lists, words, people, rand):
+        """`words` by language; `people` are the names of the lists."""
         self.random = rand
         self.words = words
         self.interface = sorted({word for line in LEXICON.read_lines(corpora / "ui-strings.jsonl")
@@ -145,6 +149,7 @@ class Decoys:
         towns = (lists / "danish-towns.txt").read_text(encoding="utf-8").split()
         self.places = sorted(self.places | {town.title() for town in towns})
         self.organisations = sorted(self.organisations)
+        self.people_places = [place for place in self.places if LEXICON.fold(place) in people]
 
     def word(self, lang="en"):
         if self.random.random() < 0.25:
@@ -189,7 +194,7 @@ class Decoys:
         return " ".join(words)
 
     def place(self):
-        return self.random.choice(self.places)
+        return self.random.choice(self.people_places if self.random.random() < 0.2 else self.places)
 
 
 class Line:
@@ -312,7 +317,8 @@ def genitive(name, lang, rand):
     if lang == "en":
         return name, "s" if rand.random() < 0.06 else rand.choice(("'s", "’s", "'" if name.endswith("s") else "'s"))
     if name[-1] in "sxz":
-        return (name, rand.choice(("'", "’"))) if rand.random() < 0.4 else (name + "s", "") if rand.random() < 0.5 else (name, "")
+        chance = rand.random()
+        return (name, rand.choice(("'", "’"))) if chance < 0.4 else (name + "s" if chance < 0.7 else name, "")
     return name + "s", ""
 
 
@@ -416,15 +422,17 @@ def main():
     arguments = parser.parse_args()
 
     rand = random.Random(1)
-    words = {"en": sorted({word for word, band in LEXICON.scowl_words(arguments.scowl) if band != "x" and word.islower()}),
+    english = {word for word, band in LEXICON.scowl_words(arguments.scowl) if band != "x" and word.islower()}
+    words = {"en": sorted(english),
              "da": [word for word in LEXICON.read_lines(arguments.danish) if word.islower()]}
     months = {month.lower() for of_language in MONTHS.values() for month in of_language}
-    names = Names(arguments.lists, arguments.faker, {*words["en"], *words["da"], *months}, rand)
+    names = Names(arguments.lists, arguments.faker, words, months, rand)
     firsts = {LEXICON.fold(name) for of_country in names.first.values() for name in of_country}
     surnames = {LEXICON.fold(name) for of_country in names.last.values() for name in of_country}
     decoys = Decoys(arguments.corpora, arguments.lists,
                     {lang: [word for word in of_language if 2 < len(word) < 15 and LEXICON.fold(word) not in firsts
-                            and LEXICON.fold(word) not in surnames] for lang, of_language in words.items()}, rand)
+                            and LEXICON.fold(word) not in surnames] for lang, of_language in words.items()},
+                    firsts | surnames, rand)
     with arguments.output.open("w", encoding="utf-8") as output:
         for entries in (running_lines(arguments.corpora, names, rand, firsts),
                         template_lines(names, decoys, rand, arguments.times),

@@ -71,7 +71,8 @@ double evidenceOfFilledLine(const NameLine& line, NameSpan span) {
     const NameWord& closing = line.word(span.last);
     if (opening.is(WordTrait::strongFirstName) && isUnexplained(closing, ratherStrange))
         return opening.is(anyMeaning) ? 0.9 : 0.6;
-    if (!isUnexplained(opening, strange) || !isUnexplained(closing, strange))
+    const bool isBeforeName = closing.is(WordTrait::strongFirstName | WordTrait::strongLastName);
+    if (!isUnexplained(opening, isBeforeName ? ratherStrange : strange) || !isUnexplained(closing, strange))
         return 0;
     return opening.is(anyName) || closing.is(anyName) ? 0.6 : 1.4;
 }

@@ -34,39 +34,53 @@ WordTraits traitsBefore(const std::vector<NameToken>& tokens, qsizetype location
     return word == tokens.rend() ? WordTraits() : NameLexicon::shared().traits(word->folded);
 }
 
-/// "Ezra's number": a first name that owns something; a common one may also be an ordinary word.
+/// "Ezra's number", "Konrads mor": a first name that owns something; a common one may also be an ordinary
+/// word.
 bool isOwner(TextRange listed, const std::vector<NameToken>& tokens) {
     const auto name = std::ranges::find(tokens, listed, &NameToken::range);
-    if (name == tokens.end() || tokens.end() - name < 3 || name->letterCase != NameToken::LetterCase::title)
+    if (name == tokens.end() || name->letterCase != NameToken::LetterCase::title)
         return false;
-    const WordTraits traits = NameLexicon::shared().traits(name->folded);
+    const NameLexicon& lexicon = NameLexicon::shared();
+    auto owned = name + 1;
+    std::string_view key = name->folded;
+    if (owned != tokens.end() && owned->kind == NameToken::Kind::possessive)
+        ++owned;
+    else if (key.ends_with('s') && !lexicon.traits(key))
+        key.remove_suffix(1);
+    else
+        return false;
     constexpr WordTraits ordinary = WordTrait::frequentWord | WordTrait::word | WordTrait::rareWord |
                                     WordTrait::danishWord | WordTrait::rareDanishWord | WordTrait::auxiliary;
+    const WordTraits traits = lexicon.traits(key);
     const bool isName = (traits & anyFirstName) && !(traits & anyMeaning);
     const bool isCommonName = (traits & WordTrait::strongFirstName) && !(traits & anyMeaning & ~ordinary);
-    return (isName || isCommonName) &&
-           name[1].kind == NameToken::Kind::possessive &&
-           name[2].letterCase == NameToken::LetterCase::lower;
+    return (isName || isCommonName) && owned != tokens.end() &&
+           owned->letterCase == NameToken::LetterCase::lower;
 }
 
-bool holdsListedName(TextRange range, QStringView line, const std::vector<NameToken>& tokens) {
-    return std::ranges::any_of(tokens, [&](const NameToken& token) {
-        return token.kind == NameToken::Kind::word && token.range.intersects(range) &&
+/// Whether a word of the range is in the lists, or no other word is in the line.
+bool isListedOrAlone(TextRange range, QStringView line, const std::vector<NameToken>& tokens) {
+    const auto isWord = [](const NameToken& token) { return token.kind == NameToken::Kind::word; };
+    const auto isListed = [&](const NameToken& token) {
+        return isWord(token) && token.range.intersects(range) &&
                (lineWordTraits(NameLexicon::shared(), token, line) & anyName);
-    });
+    };
+    return std::ranges::any_of(tokens, isListed) || std::ranges::all_of(tokens, [&](const NameToken& token) {
+               return !isWord(token) || token.range.intersects(range);
+           });
 }
 
-/// Whether the lists are trusted more than the model: with names of several words, one of them listed, and
-/// with what follows a title they are hardly ever wrong.
+/// Whether the lists are trusted more than the model: with names of several words and with what follows a
+/// title they are hardly ever wrong.
 bool isCertain(TextRange listed, QStringView line, const std::vector<NameToken>& tokens) {
     return (line.sliced(listed.location, listed.length).contains(u' ') &&
-            holdsListedName(listed, line, tokens)) ||
+            isListedOrAlone(listed, line, tokens)) ||
            traitsBefore(tokens, listed.location).testFlag(WordTrait::title) || isOwner(listed, tokens);
 }
 
 /// Whether the model may be wrong about the single word: it means something else and is in no list of names
-/// ("Dough is alive"), is in none and has no capital, or it fills the line and means something else as well or
-/// does not look like a name ("Gul", "IBAN").
+/// ("Dough is alive"), is in none and has no capital, or it fills the line and means something else as well
+/// or does not look like a name ("Gul", "IBAN").
 bool isDoubtful(const NameToken& word, QStringView line, const std::vector<NameToken>& tokens) {
     const WordTraits traits = lineWordTraits(NameLexicon::shared(), word, line);
     const bool hasMeaning = bool(traits & anyMeaning);
@@ -85,7 +99,9 @@ std::vector<qsizetype> lostBlanks(QStringView line) {
     std::vector<qsizetype> lost;
     for (const NameToken& token : nameTokens(line)) {
         const QStringView word = line.sliced(token.range.location, token.range.length);
-        if (token.letterCase != NameToken::LetterCase::mixed || !word.front().isUpper() || token.hasDigits)
+        const QChar before = token.range.location > 0 ? line[token.range.location - 1] : QChar(u' ');
+        if (token.letterCase != NameToken::LetterCase::mixed || !word.front().isUpper() || token.hasDigits ||
+            QStringView(u"@#_./").contains(before))
             continue;
         const auto isHump = [&](qsizetype at) { return word[at].isUpper() && word[at - 1].isLower(); };
         qsizetype hump = 1;
@@ -97,8 +113,8 @@ std::vector<qsizetype> lostBlanks(QStringView line) {
         const WordTraits last = lexicon.traits(foldedName(word.sliced(hump)));
         const bool hasName = ((first & anyFirstName) && !(first & anyMeaning)) ||
                              ((last & anyLastName) && !(last & anyMeaning));
-        const bool hasWord = ((first & anyMeaning) && !(first & anyName)) ||
-                             ((last & anyMeaning) && !(last & anyName));
+        const bool hasWord =
+            ((first & anyMeaning) && !(first & anyName)) || ((last & anyMeaning) && !(last & anyName));
         if (hasName && !hasWord)
             lost.push_back(token.range.location + hump);
     }

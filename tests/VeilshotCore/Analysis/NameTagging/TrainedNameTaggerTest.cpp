@@ -42,7 +42,14 @@ INSTANTIATE_TEST_SUITE_P(BareCells, NamesInALine,
                                          Row{u"Anne-Mette af Rosen", u"Anne-Mette af Rosen"},   //
                                          Row{u"Lake Victoria", u""},                            //
                                          Row{u"Ludwig van der Berg", u"Ludwig van der Berg"},   //
-                                         Row{u"Robert F. Hughes Jr.", u"Robert F. Hughes Jr."}));
+                                         Row{u"Robert F. Hughes Jr.", u"Robert F. Hughes Jr."}, //
+                                         Row{u"18 Nwachi Obuzor", u"Nwachi Obuzor"},            //
+                                         Row{u"Obuzor, Nwachi", u"Obuzor, Nwachi"},             //
+                                         Row{u"Olive Trebarwith", u"Olive Trebarwith"},         //
+                                         Row{u"Dal Forno, Ilaria", u"Dal Forno, Ilaria"},       //
+                                         Row{u"BRANDVOLD, Tyra", u"BRANDVOLD, Tyra"},           //
+                                         Row{u"Burkina Faso", u""},                             //
+                                         Row{u"Saldo", u""}));
 
 INSTANTIATE_TEST_SUITE_P(Organisations, NamesInALine,
                          testing::Values(Row{u"Jensen & Søn A/S", u""},         //
@@ -74,7 +81,9 @@ INSTANTIATE_TEST_SUITE_P(Surroundings, NamesInALine,
                                          Row{u"tak mette det var dejligt", u"mette"},                 //
                                          Row{u"@Freja Lund kan du se på den?", u"Freja Lund"},        //
                                          Row{u"Author: Liam Walsh <liam.walsh@example.com>",
-                                             u"Liam Walsh"}, //
+                                             u"Liam Walsh"},                                       //
+                                         Row{u"All good. Hand me Ezra's number, please", u"Ezra"}, //
+                                         Row{u"Sorry. Faith's bike is in the yard", u"Faith"},     //
                                          Row{u"I'm not able to open it", u""}));
 
 INSTANTIATE_TEST_SUITE_P(MisreadLetters, NamesInALine,
@@ -83,6 +92,11 @@ INSTANTIATE_TEST_SUITE_P(MisreadLetters, NamesInALine,
                                          Row{u"Soren Kjaer", u"Soren Kjaer"},           //
                                          Row{u"M1chael Thompson", u"M1chael Thompson"}, //
                                          Row{u"Galaxy S24 Ultra", u""},                 //
+                                         Row{u"20 IngridSolheim", u"IngridSolheim"},    //
+                                         Row{u"IngridSolheim og JonasVik skrev 3 gange til Yrsa",
+                                             u"IngridSolheim|JonasVik|Yrsa"}, //
+                                         Row{u"JavaScript", u""},             //
+                                         Row{u"new IngridMapper()", u""},     //
                                          Row{u"SHA-256 9f86d081884c7d65", u""}));
 
 INSTANTIATE_TEST_SUITE_P(NamesInNoList, NamesInALine,
