@@ -9,7 +9,7 @@
 
 namespace Veilshot {
 
-/// Finds names in English and Danish lines with a model learnt from some ninety thousand lines, to which the
+/// Finds names in English and Danish lines with a model learnt from some hundred and sixty thousand lines, to which the
 /// names found by lists and rules are one hint among many: the rules know forms and labels well, the model
 /// names that stand in no list. Titles and the English ’s stay outside, a Danish genitive s inside.
 class TrainedNameTagger final : public NameTagger {
