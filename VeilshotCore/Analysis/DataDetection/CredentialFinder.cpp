@@ -21,11 +21,12 @@ const QString secretLabel =
 
 struct Expressions {
     /// Group 1 is what the label names. A column between them arrives as a tab.
-    RegularExpression column{u"^\\s*(?:[\\w-]+\\s){0,2}"_s + secretLabel + uR"(\s*[:.]?\t\s*(\S{4,})\s*$)"_s};
+    RegularExpression column{u"^\\s*(?:[\\w-]+\\s){0,2}"_s + secretLabel +
+                             uR"(\s*[:.]?\t\s*(\S{4,}|\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,})\s*$)"_s};
     RegularExpression assignment{u"[\\w.-]*"_s + secretLabel +
                                  uR"([\w-]*["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
-                                 uR"(([^\s"'”“,;<>(){}\[\]$*•]{6,}+)(?![(\[{]))"_s};
-    RegularExpression sentence{u"(?<![\\w])(?:login|"_s + secretLabel +
+                                 uR"(([^\s"'”“,;<>(){}\[\]$*•]{5,}+)(?![(\[{]))"_s};
+    RegularExpression sentence{u"(?<![\\w])(?:login|bearer|basic|"_s + secretLabel +
                                uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
 
     /// Keys that say themselves whose they are. A blank that was read into a signed token is put up with.
@@ -35,6 +36,19 @@ struct Expressions {
         uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|[rsp]k_(?:live|test|prod|demo)_\w{10,}|whsec_\w{12,})"
         uR"(|eyJ[\w-]{6,}\s?\.\s?[\w-]{4,}(?:\s?\.\s?[\w-]{4,}(?:\s[\w-]{12,})?)?))",
         sensitive};
+    /// Behind the initials of whose it is, as far as it was read well.
+    RegularExpression keyOfSomebody{uR"((?<![A-Za-z0-9])[a-z]{2,5}_(?:[A-Za-z]{2,7}_)?[A-Za-z0-9]{6,})",
+                                    sensitive};
+    /// Groups with a hyphen between, behind what says so or long enough.
+    RegularExpression groups{
+        uR"((?:recovery|backup|activation|licen[cs]e|product)\s?(?:codes?|keys?)\s*[:\t]?\s*((?:[a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}[\s,]{0,2})+))"};
+    RegularExpression hyphenated{uR"((?<![\w-])[A-Z\d]{4}(?:-[A-Z\d]{4}){2,5}(?![\w-]))", sensitive};
+    /// Group 1 is a number that opens something, which is a secret for what stands before it only.
+    RegularExpression code{
+        uR"((?<!\p{L})(?:pin(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time) ?code|passcode|otp|cv[cv]2?)"
+        uR"(|(?:sikkerheds|engangs|adgangs|dør|alarm)kode|kode|kontrolcifre)\s*(?:[:.=#]|is|er)?\s*(\d{3,8})(?![\d.,]))"};
+    /// The beginning of one, which says in letters that it is one.
+    RegularExpression signedToken{uR"((?<![A-Za-z0-9])ey_?[JI]_?[\w-]{6,})", sensitive};
     RegularExpression run{uR"([\p{L}\p{N}][\p{L}\p{N}_+/~-]{14,}[\p{L}\p{N}-]={0,2})"};
 
     static const Expressions& shared() {
@@ -75,6 +89,58 @@ bool isChosen(QStringView text) {
     return hasLetters && (parts.digits > 0 || hasRareSign);
 }
 
+/// How often a capital follows a small letter, or a letter a digit or the other way round.
+int breaks(QStringView text) {
+    QChar previous;
+    int breaks = Composition(text).changes;
+    for (const QChar character : text) {
+        breaks += previous.isLower() && character.isUpper();
+        previous = character;
+    }
+    return breaks;
+}
+
+/// A credential in which a sign was misread or a blank was made up goes on behind it, as long as what comes
+/// looks as if nobody had thought of it either. In front of it only a sign belongs to it.
+TextRange grown(QStringView line, TextRange credential) {
+    constexpr int fewestBreaks = 2;
+    constexpr qsizetype shortestPiece = 4;
+    static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
+    if (const auto before = pieceBefore.firstMatch(line.first(credential.location)))
+        credential = {before->range.location, credential.end() - before->range.location};
+    static const RegularExpression piece(
+        uR"((?:[^\s\p{L}\p{N}"'”“<>]|\s?[.,]\s?|(?<=[_-])\s|\s)([\p{L}\p{N}_/+-]{2,}+))");
+    for (;;) {
+        const auto next = piece.matchAt(line, credential.end());
+        if (!next || next->groups[0].length < shortestPiece ||
+            breaks(line.sliced(next->groups[0].location, next->groups[0].length)) < fewestBreaks)
+            return credential;
+        credential.length = next->range.end() - credential.location;
+    }
+}
+
+/// A signed token is long and has every sign there is: it goes on over blanks and all signs, past a stray one
+/// or two.
+TextRange grownSignedToken(QStringView line, TextRange token) {
+    constexpr qsizetype shortPiece = 6;
+    static const RegularExpression pieces[] = {RegularExpression(uR"((?:\s?(\S+)))"),
+                                               RegularExpression(uR"((?:\s?\S{1,2}\s(?:\S\s)?(\S+)))")};
+    const auto nextEnd = [&] {
+        for (const RegularExpression& piece : pieces) {
+            const auto next = piece.matchAt(line, token.end());
+            if (!next)
+                continue;
+            const TextRange text = next->groups[0];
+            if (breaks(line.sliced(text.location, text.length)) >= (text.length <= shortPiece ? 1 : 2))
+                return next->range.end();
+        }
+        return token.end();
+    };
+    for (qsizetype end = nextEnd(); end > token.end(); end = nextEnd())
+        token.length = end - token.location;
+    return token;
+}
+
 /// Whether nobody thought of this run of letters and digits: they alternate, which neither names of files nor
 /// versions nor paths do for long.
 bool isRandom(QStringView text) {
@@ -84,12 +150,17 @@ bool isRandom(QStringView text) {
         return false;
     const Composition parts(text);
     const int leastOfPath = text.contains(u'/') ? 2 * leastChanges : leastChanges;
-    return parts.changes >= leastOfPath && parts.upper + parts.lower >= 4 && parts.digits >= 3;
+    const bool isUnbroken =
+        std::ranges::all_of(text, [](QChar character) { return character.isLetterOrNumber(); });
+    const int fewestDigits = isUnbroken && parts.changes > leastChanges ? 2 : 3;
+    return parts.changes >= leastOfPath && parts.upper + parts.lower >= 4 && parts.digits >= fewestDigits;
 }
 
 } // namespace
 
 std::vector<TextRange> CredentialFinder::find(QStringView line) const {
+    constexpr qsizetype shortestKey = 18;
+    constexpr int fewestBreaksOfKey = 4;
     const Expressions& expressions = Expressions::shared();
     std::vector<TextRange> found;
     const auto add = [&](TextRange range) {
@@ -101,7 +172,22 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
             *overlapping = range;
     };
     for (const TextRange range : expressions.knownShape.ranges(line))
-        add(range);
+        add(grown(line, range));
+    for (const TextRange range : expressions.keyOfSomebody.ranges(line)) {
+        const TextRange key = grown(line, range);
+        if (key.length >= shortestKey && breaks(line.sliced(key.location, key.length)) >= fewestBreaksOfKey)
+            add(key);
+    }
+    for (const RegularExpression* expression : {&expressions.code, &expressions.groups}) {
+        for (const auto& match : expression->matches(line))
+            add(match.groups[0]);
+    }
+    for (const TextRange range : expressions.hyphenated.ranges(line)) {
+        if (breaks(line.sliced(range.location, range.length)) >= fewestBreaksOfKey)
+            add(range);
+    }
+    for (const TextRange range : expressions.signedToken.ranges(line))
+        add(grownSignedToken(line, range));
     for (const RegularExpression* expression :
          {&expressions.column, &expressions.assignment, &expressions.sentence}) {
         for (const auto& match : expression->matches(line)) {
@@ -112,7 +198,7 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
     }
     for (const TextRange range : expressions.run.ranges(line)) {
         if (isRandom(line.sliced(range.location, range.length)))
-            add(range);
+            add(grown(line, range));
     }
     std::ranges::sort(found, {}, &TextRange::location);
     return found;

@@ -1,9 +1,6 @@
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
 
-#include <QSet>
-#include <QString>
-
-using namespace Qt::StringLiterals;
+#include "VeilshotCore/Analysis/DataDetection/TownNames.h"
 
 namespace Veilshot {
 
@@ -79,13 +76,8 @@ constexpr QStringView towns =
 } // namespace
 
 bool isDanishTown(QStringView name) {
-    static const QSet<QString> known = [] {
-        QSet<QString> names;
-        for (const QStringView town : towns.split(u", "_s))
-            names.insert(town.toString());
-        return names;
-    }();
-    return known.contains(name.toString().toLower());
+    static const TownNames names(towns);
+    return names.contains(name);
 }
 
 } // namespace Veilshot

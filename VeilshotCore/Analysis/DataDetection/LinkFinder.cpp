@@ -39,6 +39,8 @@ bool isTopLevelDomain(const QString& label) {
         const psl_ctx_t* latest = psl_latest(nullptr);
         return latest ? latest : psl_builtin();
     }();
+    if (label.compare(u"example", Qt::CaseInsensitive) == 0)
+        return true; // kept free for the addresses of documentation
     const QByteArray ascii = QUrl::toAce(label.toLower());
     return suffixes && !ascii.isEmpty() &&
            psl_is_public_suffix2(suffixes, ascii.constData(), PSL_TYPE_ICANN | PSL_TYPE_NO_STAR_RULE);
@@ -48,14 +50,22 @@ bool isTopLevelDomain(const QString& label) {
 /// domain of two labels: "README.md", "Main.java", "self.top", "lejl.nr".
 bool isFileLike(const QString& topLevelDomain) {
     static const QSet<QString> endings{
-        u"ai"_s,     u"app"_s,    u"as"_s,   u"bar"_s,   u"bz"_s,   u"cab"_s,  u"call"_s,  u"cc"_s,
-        u"click"_s,  u"data"_s,   u"date"_s, u"email"_s, u"fail"_s, u"gz"_s,   u"hm"_s,    u"id"_s,
-        u"java"_s,   u"la"_s,     u"link"_s, u"map"_s,   u"md"_s,   u"mk"_s,   u"ml"_s,    u"mov"_s,
-        u"name"_s,   u"next"_s,   u"now"_s,  u"nr"_s,    u"open"_s, u"page"_s, u"pl"_s,    u"pm"_s,
-        u"prof"_s,   u"ps"_s,     u"pub"_s,  u"py"_s,    u"read"_s, u"rs"_s,   u"run"_s,   u"save"_s,
-        u"search"_s, u"select"_s, u"sh"_s,   u"show"_s,  u"so"_s,   u"st"_s,   u"style"_s, u"target"_s,
-        u"top"_s,    u"ts"_s,     u"vi"_s,   u"zip"_s};
+        u"ai"_s,     u"app"_s,    u"as"_s,     u"bar"_s,   u"bz"_s,      u"cab"_s,  u"call"_s, u"cc"_s,
+        u"click"_s,  u"data"_s,   u"date"_s,   u"email"_s, u"example"_s, u"fail"_s, u"gz"_s,   u"hm"_s,
+        u"id"_s,     u"java"_s,   u"la"_s,     u"link"_s,  u"map"_s,     u"md"_s,   u"mk"_s,   u"ml"_s,
+        u"mov"_s,    u"name"_s,   u"next"_s,   u"now"_s,   u"nr"_s,      u"open"_s, u"page"_s, u"pl"_s,
+        u"pm"_s,     u"prof"_s,   u"ps"_s,     u"pub"_s,   u"py"_s,      u"read"_s, u"rs"_s,   u"run"_s,
+        u"save"_s,   u"search"_s, u"select"_s, u"sh"_s,    u"show"_s,    u"so"_s,   u"st"_s,   u"style"_s,
+        u"target"_s, u"top"_s,    u"ts"_s,     u"vi"_s,    u"zip"_s};
     return endings.contains(topLevelDomain.toLower());
+}
+
+/// "Reg.no", "Ref.no"
+bool isNumberLabel(QStringView name, const QString& topLevelDomain) {
+    static const QSet<QString> labels{u"acc"_s, u"cert"_s,   u"inv"_s, u"lic"_s,    u"reg"_s,  u"ref"_s,
+                                      u"ser"_s, u"serial"_s, u"tel"_s, u"policy"_s, u"order"_s};
+    return topLevelDomain.compare(u"no", Qt::CaseInsensitive) == 0 &&
+           labels.contains(name.toString().toLower());
 }
 
 enum class Path { absent, present };
@@ -75,6 +85,8 @@ bool isDomain(QStringView host, Path path) {
             return false;
         if (name.size() == 1)
             return false; // f.eks
+        if (isNumberLabel(name, topLevelDomain))
+            return false;
     }
     return isTopLevelDomain(topLevelDomain);
 }

@@ -20,7 +20,7 @@ const QString date = uR"((?:\d{1,2}(?:st|nd|rd|th)?\.?\s?(?:of\s|de\s)?)"_s + mo
                      uR"(|\d{1,2}[./-]\s?\d{1,2}[./-]\s?(?:)"_s + year + uR"(|\d{2})|)"_s + year +
                      uR"([./-]\d{1,2}[./-]\d{1,2}))"_s;
 /// The years in which the owners of most documents were born.
-const QString pastYear = uR"((?:19[2-9]\d|200\d))"_s;
+const QString pastYear = uR"((?:19[2-9]\d|200\d|201[0-7]))"_s;
 
 struct Expressions {
     /// Group 1 of each is the date or the number.
@@ -32,6 +32,11 @@ struct Expressions {
                               uR"()\s?\((?:age[d]?\s)?\d{1,3}(?:\s?(?:years|yrs|y/o|år)\b|\)))"_s};
     RegularExpression alone{uR"(^\s*((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s + pastYear +
                             u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + pastYear + uR"())\s*$)"_s};
+    /// "f. 12. maj 1971", "Age 54 (May 12, 1971)"
+    RegularExpression abbreviated{uR"((?<!\S)[fb]\.\s?(\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s +
+                                  pastYear + uR"((?!\d)))"_s};
+    RegularExpression inBrackets{uR"(\(((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + u'|' + month +
+                                 uR"(\s\d{1,2}(?:st|nd|rd|th)?,?)\s)"_s + pastYear + uR"()\))"_s};
     RegularExpression inDigits{uR"((?<![\d./-])([0-3]?\d[./-][0-3]?\d[./-])"_s + pastYear +
                                uR"()(?![\d/-]|[.,]\d))"_s};
     /// A column between label and number arrives as a tab.
@@ -42,7 +47,25 @@ struct Expressions {
     RegularExpression bank{
         uR"((?<![\p{L}])(?:reg(?:istrerings)?[.\s-]{0,2}(?:nr|nummer|no)?|sort\s?code)[.:\s]{0,3}(\d{4}|\d\d[- ]\d\d[- ]\d\d)(?![\d.,]))"};
     RegularExpression britishInsurance{
-        uR"((?<![A-Za-z\d])([A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z]\s?\d\d\s?\d\d\s?\d\d\s?[A-D])(?![A-Za-z\d]))",
+        uR"((?<![A-Za-z\d])((?:QQ|[A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z])\s?\d\d\s?\d\d\s?\d\d\s?[A-D]c?)(?![A-Za-z\d]))",
+        RegularExpression::CaseSensitivity::sensitive};
+
+    /// The number of a Dane, its hyphen misread.
+    RegularExpression civil{
+        uR"((?<![\d.,/-])((?:[0-2]\d|3[01])(?:0\d|1[0-2])\d\d(?:\s?[-–—_~]{1,3}\s?|[.:=])\d{4})(?![\d/-]|[.,]\d))"};
+
+    /// A passport, or what is as long as one.
+    RegularExpression lettered{uR"((?<![\w-])([A-Z]{1,3}\d{7,9})(?![\w-]))",
+                               RegularExpression::CaseSensitivity::sensitive};
+    /// Where nothing else stands: no day is that late in the month.
+    RegularExpression sortCode{uR"((?<=^|\t)\s*(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};
+
+    /// Cards and accounts of which a digit may have been misread, so that no check of theirs holds.
+    RegularExpression card{
+        uR"((?<![\d./-])([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"};
+    RegularExpression account{
+        uR"((?<!\w)((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
+        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d]{0,3}\d)[A-Z\d]{4}){3,7}(?:\s?[A-Z\d]{1,3})?)(?!\w))",
         RegularExpression::CaseSensitivity::sensitive};
 
     static const Expressions& shared() {
@@ -59,8 +82,10 @@ std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
     const Expressions& expressions = Expressions::shared();
     std::vector<TextRange> found;
     for (const RegularExpression* expression :
-         {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.inDigits,
-          &expressions.document, &expressions.bank, &expressions.britishInsurance}) {
+         {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.abbreviated,
+          &expressions.inBrackets, &expressions.inDigits, &expressions.document, &expressions.bank,
+          &expressions.civil, &expressions.card, &expressions.account, &expressions.lettered,
+          &expressions.sortCode, &expressions.britishInsurance}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange range = match.groups[0];
             if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))

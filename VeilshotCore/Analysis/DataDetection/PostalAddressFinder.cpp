@@ -1,11 +1,15 @@
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
 
+#include "VeilshotCore/Analysis/DataDetection/AddressSpacing.h"
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
+#include "VeilshotCore/Analysis/DataDetection/LargeCities.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressGrammar.h"
 
 #include <QString>
 #include <algorithm>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace Veilshot {
 
@@ -19,7 +23,12 @@ TextRange united(TextRange first, TextRange second) {
     return {start, std::max(first.end(), second.end()) - start};
 }
 
-/// A number from 1900 to 2099 is a year, except in front of the two cities that have these postcodes. In
+bool isYear(QStringView postcode) {
+    const int number = postcode.toInt();
+    return number >= 1900 && number < 2100;
+}
+
+/// A year is one, except in front of the two cities that have these postcodes. In
 /// lower case the short towns are words (ringe, varde).
 bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
     constexpr qsizetype shortestLowercaseTown = 6;
@@ -30,12 +39,19 @@ bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
         return false;
     if (prefix.location >= 0)
         return true;
-    const int number = line.sliced(postcode.location, postcode.length).toInt();
-    if (number >= 1900 && number < 2100)
+    if (isYear(line.sliced(postcode.location, postcode.length)))
         return town.startsWith(u"frederiksberg", Qt::CaseInsensitive) ||
                town.startsWith(u"københavn", Qt::CaseInsensitive);
     return isDanishTown(town) ||
            (second.location >= 0 && isDanishTown(line.sliced(first.location, second.end() - first.location)));
+}
+
+bool isEuropeanPlace(QStringView line, const RegularExpression::Match& match) {
+    const auto [postcode, first, second] = std::array{match.groups[0], match.groups[1], match.groups[2]};
+    if (isYear(line.sliced(postcode.location, postcode.length)))
+        return false;
+    return isLargeCity(line.sliced(first.location, first.length)) ||
+           (second.location >= 0 && isLargeCity(line.sliced(first.location, second.end() - first.location)));
 }
 
 std::vector<TextRange> anchors(QStringView line, const PostalAddressGrammar& grammar) {
@@ -44,6 +60,10 @@ std::vector<TextRange> anchors(QStringView line, const PostalAddressGrammar& gra
         std::ranges::copy(expression.ranges(line), std::back_inserter(anchors));
     for (const auto& match : grammar.danishPlace.matches(line)) {
         if (isDanishPlace(line, match))
+            anchors.push_back(match.range);
+    }
+    for (const auto& match : grammar.europeanPlace.matches(line)) {
+        if (isEuropeanPlace(line, match))
             anchors.push_back(match.range);
     }
     std::ranges::sort(anchors, {}, [](TextRange range) { return std::pair(range.location, range.length); });
@@ -67,7 +87,9 @@ qsizetype nextEnd(QStringView line, qsizetype end, const PostalAddressGrammar& g
         return part;
     if (const auto area = grammar.area.matchAt(line, end)) {
         const qsizetype areaEnd = area->range.end();
-        return longestMatchEnd(line, areaEnd, grammar.places) > areaEnd ? areaEnd : end;
+        const bool goesOn = longestMatchEnd(line, areaEnd, grammar.places) > areaEnd ||
+                            grammar.lastArea.matchAt(line, areaEnd).has_value();
+        return goesOn ? areaEnd : end;
     }
     const auto lastArea = grammar.lastArea.matchAt(line, end);
     return lastArea ? lastArea->range.end() : end;
@@ -83,12 +105,18 @@ TextRange grownRight(QStringView line, TextRange address, const PostalAddressGra
 }
 
 TextRange grownLeft(QStringView line, TextRange address, const PostalAddressGrammar& grammar) {
-    const qsizetype from = std::max<qsizetype>(0, address.location - leftReach);
-    const QStringView before = line.sliced(from, address.location - from);
-    for (const RegularExpression* expression : {&grammar.precedingUnit, &grammar.precedingHouse}) {
-        if (const auto match = expression->firstMatch(before))
-            return united(address, {from + match->groups[0].location, match->groups[0].length});
-    }
+    const auto grownOver = [&](const RegularExpression& part) {
+        const qsizetype from = std::max<qsizetype>(0, address.location - leftReach);
+        const auto match = part.firstMatch(line.sliced(from, address.location - from));
+        if (match)
+            address = united(address, {from + match->groups[0].location, match->groups[0].length});
+        return match.has_value();
+    };
+    bool hasUnit = false;
+    while (grownOver(grammar.precedingUnit))
+        hasUnit = true;
+    if (!hasUnit)
+        grownOver(grammar.precedingHouse);
     return address;
 }
 
@@ -100,11 +128,7 @@ bool areOne(QStringView line, TextRange first, TextRange second) {
                                [](QChar character) { return character == u',' || character.isSpace(); });
 }
 
-} // namespace
-
-std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
-    if (std::ranges::none_of(line, [](QChar character) { return character.isDigit(); }))
-        return {};
+std::vector<TextRange> addressesIn(QStringView line) {
     const PostalAddressGrammar& grammar = PostalAddressGrammar::shared();
     std::vector<TextRange> addresses;
     for (TextRange address : anchors(line, grammar)) {
@@ -117,6 +141,41 @@ std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
             addresses.push_back(address);
     }
     return addresses;
+}
+
+/// Hardly any address does without a number, but houses have names.
+bool mayHoldAddress(QStringView line) {
+    static const RegularExpression house(u"Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,"_s,
+                                         RegularExpression::CaseSensitivity::sensitive);
+    return std::ranges::any_of(line, [](QChar character) { return character.isDigit(); }) ||
+           house.hasMatch(line);
+}
+
+/// In text order; those that overlap become one.
+std::vector<TextRange> merged(std::vector<TextRange> addresses) {
+    std::ranges::sort(addresses, {}, &TextRange::location);
+    std::vector<TextRange> apart;
+    for (const TextRange address : addresses) {
+        if (!apart.empty() && apart.back().intersects(address))
+            apart.back() = united(apart.back(), address);
+        else
+            apart.push_back(address);
+    }
+    return apart;
+}
+
+} // namespace
+
+std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
+    if (!mayHoldAddress(line))
+        return {};
+    std::vector<TextRange> addresses = addressesIn(line);
+    const RewrittenLine spaced = withBlanksOfAddresses(line);
+    if (!spaced.isChanged())
+        return addresses;
+    for (const TextRange address : addressesIn(spaced.text()))
+        addresses.push_back(spaced.original(address));
+    return merged(std::move(addresses));
 }
 
 } // namespace Veilshot

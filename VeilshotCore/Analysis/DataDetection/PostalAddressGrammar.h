@@ -15,6 +15,8 @@ struct PostalAddressGrammar {
     /// A Danish postcode and a capitalized word: an anchor only if that is a town. Groups: the country
     /// prefix, the postcode, the first word, the second word.
     RegularExpression danishPlace;
+    /// The same of other countries. Groups: the postcode, the first word, the second word.
+    RegularExpression europeanPlace;
 
     /// Parts that may follow, with the separator before them: floor, flat, town, postcode, country.
     std::vector<RegularExpression> continuations;

@@ -2,6 +2,7 @@
 
 #include "VeilshotCore/Analysis/DataDetection/CredentialFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/LinkFinder.h"
+#include "VeilshotCore/Analysis/DataDetection/MisreadLinkFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PersonalNumberFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PhoneNumberFinder.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
@@ -9,7 +10,8 @@
 
 namespace Veilshot {
 
-/// The data detector of the product: all finders over the whole line. What is worth hiding but neither link,
+/// The data detector of the product: all finders over the whole line, and again over what it
+/// probably was where signs of it were misread. What is worth hiding but neither link,
 /// number to call nor address goes by the type that comes closest: a credential is reported as a link that
 /// leads nowhere known, a date of birth or the number of a document as a phone number, which dates in digits
 /// pass for anyway. Costs nothing to construct; the finders' expressions and lists are built once per
@@ -19,7 +21,11 @@ public:
     std::vector<DataMatch> matches(const QString& line) const override;
 
 private:
+    /// Of the line as it stands, by finder.
+    std::vector<DataMatch> matchesAsRead(const QString& line) const;
+
     LinkFinder m_links;
+    MisreadLinkFinder m_misreadLinks;
     CredentialFinder m_credentials;
     PhoneNumberFinder m_phoneNumbers;
     PersonalNumberFinder m_personalNumbers;

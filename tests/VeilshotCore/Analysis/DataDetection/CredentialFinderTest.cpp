@@ -21,6 +21,16 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
         {"Midlertidig adgangskode\tPlover-Gate-90", {"Plover-Gate-90"}},
         {"\"password\": \"Tr0ub4dor\", \"pin_code\": \"x7Lq93\"", {"Tr0ub4dor", "x7Lq93"}},
         {"Your password is Heron!Lake_4471, change it", {"Heron!Lake_4471"}},
+        {"Password\tMarble 0290", {"Marble 0290"}},
+        {"Tf9#vLq2-Wren-0Zs81k", {"Tf9#vLq2-Wren-0Zs81k"}},
+        {"backup codes: 8f3k-29dm", {"8f3k-29dm"}},
+        {"Or 4F7K-9QTX-2MBD", {"4F7K-9QTX-2MBD"}},
+        {"support PIN\t60418", {"60418"}},
+        {"login 9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp is", {"9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp"}},
+        {"Bearer c9595411f28b2939@c8a466acbeaf47a ok", {"c9595411f28b2939@c8a466acbeaf47a"}},
+        {"// gph_N85inApJBAbCi2Eqnpcv6KXLZ£bTIPVy2Xve", {"gph_N85inApJBAbCi2Eqnpcv6KXLZ£bTIPVy2Xve"}},
+        {"jwt eyJ_hbGci0iJI9,eyJzdWl iy@iLYyzSvQ . 1 lmHcRVCbAG1n refused",
+         {"eyJ_hbGci0iJI9,eyJzdWl iy@iLYyzSvQ . 1 lmHcRVCbAG1n"}},
         {"Enter bqn80mzl98003248 until midnight", {"bqn80mzl98003248"}},
     };
     for (const auto& [line, credentials] : rows)
@@ -33,7 +43,9 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
           "token rotation every 90 days", "const token = getToken2();",
           "using Token = NameToken::LetterCase;", "apiKey: process.env.API_KEY2", "mapping = self.mapping3",
           "Screenshot_20250314-092251.png", "node_modules/@types/react-dom/18.2.7/index.d.ts",
-          "x86_64-linux-gnu-gcc12-release", "KX-2290-71 BT-0017-88", "$ grep token ~/.netrc"})
+          "x86_64-linux-gnu-gcc12-release", "KX-2290-71 BT-0017-88", "$ grep token ~/.netrc",
+          "Password\tChanged 2024", "secret = match2.groups[0];", "PIN code required", "2025-2026-2027",
+          "is_valid_username2"})
         EXPECT_EQ(credentialsIn(line), std::vector<std::string>{}) << line;
 }
 

@@ -34,7 +34,43 @@ TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
                              "55 King St W, Toronto, ON M5K 1A2",
                              "15 Rue de Rivoli, 75001 Paris",
                              "Hauptstraße 12, 10115 Berlin",
-                             "Storgatan 4, 111 51 Stockholm"})
+                             "Storgatan 4, 111 51 Stockholm",
+                             "9400 Norresundby",
+                             "2200 Kbenhavn N",
+                             "Åfløjen 1588, 2. tv",
+                             "Ved Stranden 129",
+                             "5407 Vista del Sol",
+                             "210 Lower Marsh",
+                             "2755 County Road 12, Apt 11B",
+                             "Flat 12, 114 Cathedral Row",
+                             "10 Downing Sfreet",
+                             "Springfield, IL 62",
+                             "4733 Stonegate Trail, Chattanooga, TN 3742(",
+                             "Flat 3, 22 High Street, Newcastle upon Tyne NE2 £",
+                             "Rowan Cottage, Shore Rd",
+                             "Rowan Cottage",
+                             "Dublin D03 X7R2",
+                             "Ludlow SY8 90x",
+                             "Via dei Serragli 31",
+                             "Am Markt 4, 99423 Weimar",
+                             "Havneholmen 25, 9. sal",
+                             "Apt. 14, 2nd Floor, 77 Elm Street",
+                             "RR 3, Guelph ON N1H 6H9",
+                             "Piłsudskiego 12/4, 90-051 Łódź",
+                             "12/4 Smith St, Richmond VIC 3121",
+                             "5 Wharf Rd, Ponsonby, Auckland 1011",
+                             "ul. Hoża 51 m. 8",
+                             "00-681 Warszawa",
+                             "3531 CJ Utrecht",
+                             "Taito-ku 110-0001"})
+        EXPECT_EQ(addressesIn(line), std::vector<std::string>{line});
+}
+
+TEST(PostalAddressFinder, FindsAddressesWithoutTheirBlanks) {
+    for (const char* line :
+         {"Tingvej10,2.tv,4300Holbæk", "Astraede111,3600 Frederikssund", "155The Crescent,AberdeenAB246RP",
+          "143 LowerMarsh, Belfast BT94UA", "3373SE HawthorneBlvd, Eugene,OR97455",
+          "4733 StonegateTrail,St.Louis,MO 63145", "Flat 12,114 Cathedral Row", "209 KingsParade"})
         EXPECT_EQ(addressesIn(line), std::vector<std::string>{line});
 }
 
@@ -49,6 +85,10 @@ TEST(PostalAddressFinder, FindsAddressesInsideALine) {
         {"Bor på Ahornvej 17 og arbejder på Torvet 6.", {"Ahornvej 17", "Torvet 6"}},
         {"Meet at 233 S Wacker Dr at noon", {"233 S Wacker Dr"}},
         {"Home – 31 Maple Court, Salem, OR 97301", {"31 Maple Court, Salem, OR 97301"}},
+        {"😀 (251) 644-7030 7900 Broadway,St. Louis,MO63145", {"7900 Broadway,St. Louis,MO63145"}},
+        {"+45 1 Pkwy 168 Commerce Pkwy,Suite236, Chattancog: 125,00",
+         {"168 Commerce Pkwy,Suite236, Chattancog"}},
+        {"3000 Helsingør. Ring på hos Jensen", {"3000 Helsingør"}},
         {"Tirsdag 5. maj 2024, 8000 Aarhus C", {"8000 Aarhus C"}},
     };
     for (const Row& row : rows)
@@ -79,6 +119,18 @@ TEST(PostalAddressFinder, LeavesOtherNumberedThingsAlone) {
                              "Level 3 Green Hill",
                              "On Tuesday March 5, 2024 Boston",
                              "2019–2024",
+                             "line 34 TextView",
+                             "getElementById2Place",
+                             "3 Great Reasons",
+                             "24 Hour Fitness Park",
+                             "2025 Annual Summit",
+                             "Flat 10, 20 Percent",
+                             "Unit 5",
+                             "Lovely Cottage",
+                             "Fantastic Nova Scotia Cottage",
+                             "12500 Followers",
+                             "2012 Oslo",
+                             "12-05-24 Monday",
                              "Order 10293847"})
         EXPECT_EQ(addressesIn(line), std::vector<std::string>{}) << line;
 }

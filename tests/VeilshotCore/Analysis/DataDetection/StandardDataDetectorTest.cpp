@@ -1,6 +1,7 @@
 #include "VeilshotCore/Analysis/DataDetection/StandardDataDetector.h"
 
 #include <QString>
+#include <algorithm>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -37,6 +38,25 @@ TEST(StandardDataDetector, CountsRangesInUtf16BehindCharactersOfAnyWidth) {
                 << (prefix + detail).toStdString();
         }
     }
+}
+
+TEST(StandardDataDetector, SearchesWhatTheLineProbablyWasAndTellsWhereItStands) {
+    const std::pair<QString, Type> rows[] = {
+        {u"O7700 9O04l8"_s, Type::phoneNumber},        {u"+45_ 20 12 34 S6"_s, Type::phoneNumber},
+        {u"Denver, CO 8O2O3"_s, Type::address},        {u"docs.example. com/v2"_s, Type::link},
+        {u"shop.example,com"_s, Type::link},           {u"anna._berg@mail._example.com"_s, Type::link},
+        {u"4539 l488 0343 6467"_s, Type::phoneNumber},
+    };
+    const QString prefix = u"😀 æ – "_s;
+    for (const auto& [detail, type] : rows) {
+        const QString line = prefix + detail + u" – 😀"_s;
+        const TextRange whole{prefix.size(), detail.size()};
+        EXPECT_TRUE(std::ranges::any_of(StandardDataDetector().matches(line), [&](const DataMatch& match) {
+            return match.type == type && match.range == whole;
+        })) << line.toStdString();
+    }
+    for (const QString& code : {u"self._int.value"_s, u"Enum.__new__"_s, u"went home. compare"_s})
+        EXPECT_EQ(StandardDataDetector().matches(code), std::vector<DataMatch>{}) << code.toStdString();
 }
 
 } // namespace

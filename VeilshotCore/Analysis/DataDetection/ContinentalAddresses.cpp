@@ -1,0 +1,129 @@
+#include "VeilshotCore/Analysis/DataDetection/ContinentalAddresses.h"
+
+#include "VeilshotCore/Analysis/DataDetection/AddressParts.h"
+
+#include <QString>
+
+using namespace Qt::StringLiterals;
+
+namespace Veilshot {
+
+namespace {
+
+using namespace AddressParts;
+
+// France
+
+QString frenchStreet() {
+    return beforeNumber() +
+           uR"(\d{1,4}(?:\s?(?:bis|ter))?,?\s+(?:[Rr]ue|[Aa]venue|[Bb]oulevard|[Bb]d|[Pp]lace|[Cc]ours|[Qq]uai)"
+           uR"(|[Cc]hemin|[Aa]llée|[Ii]mpasse|[Rr]oute)\s+(?:(?:de|du|des|la|le|les)\s+|[ld]')*)"
+           uR"([A-ZÉ][\w'’\-]{0,40}+(?:\s+[A-ZÉ][\w'’\-]{0,40}+){0,2})"_s;
+}
+
+QString frenchAddress() {
+    return houseNumber() +
+           uR"(\s+[A-ZÉ][\w'’\-]{0,40}+)"
+           uR"((?:\s+(?:de|du|des|la|le|les|[ld]'[\w\-]{1,40}+|[A-ZÉ][\w'’\-]{0,40}+)){1,5},\s*\d{5}\s+)"_s +
+           city();
+}
+
+// Spain, Italy, Portugal, Poland: "Calle de Alcalá 12", "ul. Długa 5 m. 8"
+
+QString streetBehindItsType() {
+    return beforeName() +
+           uR"((?:Calle|Rue|Chaussée|Avenue|Boulevard|Alameda|Plaza|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
+           uR"((?:(?:de|dei|del|della|delle|di|da|do|dos|la|las|los|el)\s+){0,2})"_s +
+           name() + uR"((?:\s+)"_s + name() +
+           uR"(){0,2},?\s+\d{1,4}(?:\s?(?!m\.)[A-Za-z]\b|/\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
+}
+
+// Japan: "2-14-7 Yanaka", "Taito-ku 110-0001"
+
+QString japaneseBlock() {
+    return anyOf(
+        {beforeNumber() +
+             uR"(\d{1,2}-\d{1,2}-\d{1,2}\s+(?!(?i:jan|feb|mar|apr|ma[iy]|ju[nl]|aug|sep|o[ck]t|nov|dec|mon|tue|wed|thu|fri|sat|sun))\p{Lu}\p{Ll}{3,20}(?=\s*(?:,|$|\t)))"_s,
+         uR"(\p{Lu}\p{Ll}{2,20}-(?:ku|shi|cho|machi)(?:,?\s+\p{Lu}\p{Ll}{2,20})?\s+\d{3}-\d{4}(?!\d))"_s});
+}
+
+// Denmark, Norway, Sweden, Germany: the number follows the street
+
+/// With what "æ" is taken for.
+const QString streetEnding =
+    u"veje?n?|gade[nrs]?|gyden?|pladsen|plads|torv(?:et)?|str(?:æ|ae|ee?)det?|v(?:æ|ae|ee?)nget?|bakken|"
+    u"toften?|stien"
+    u"|(?<!hri)sti|kajen?|draget|svinget|krogen|skrænten|gården|marken|engen|lunden|dalen|leddet|(?:ster|"
+    u"mose|kær|eng)led|haven"
+    u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
+    u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|straße"
+    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|(?<=[a-zäö]{3}n)tie"_s;
+/// Not after one or two letters: Palle and Kalle are people.
+const QString avenueEnding = uR"((?<=[\w'’.\-]{3})all[eé]e?n?)"_s;
+const QString streetWord =
+    u"(?:[Vv]ej|[Vv]äg|[Ss]tr\\.|[Gg]ade|[Aa]ll[eé]|[Pp]lads|[Tt]orv|[Bb]oulevard|[Ss]"
+    u"tr(?:æ|ae|ee?)de|[Vv](?:æ|ae|ee?)nge|[Gg]ate"
+    u"|[Kk]aj|[Bb]rygge|[Kk]anal|[Ss]ti|VEJ|GADE|ALLÉ|PLADS|TORV|BOULEVARD|[Pp]lass)"_s;
+const QString wholeStreet =
+    u"(?:[Tt]orvet|[Hh]avnen|[Kk]ajen|[Ss]trandvejen|[Ss]trøget|[Kk]irkestien|[Rr]ådhuspladsen|Kystvejen|Byen"
+    u"|Vesterled|Nyhavn|Trianglen)"_s;
+/// No count, time, share or sum.
+const QString nordicNumber =
+    uR"(\d{1,3}(?:\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
+    uR"((?![\w%°]|[.,:]\d|\s?(?:kr\b|DKK|km\b|m\b|%|GB|MB|år\b|stk)))"_s;
+/// Labels are no part of a street's name, and a month with its day is none.
+const QString notOtherWords =
+    uR"((?!(?:Adr|Addr|Adresse|Address|Bor|Til|To|At|Find|Kig|Leveres|Besøg)\b\.?:?\s))"
+    uR"((?!(?i:(?:\w+,?\s+){0,3}(?:jan(?:uary?)?|feb(?:ruary?)?|mar(?:ch|ts)?|apr(?:il)?|ma[yj]|june?|juni|july?|juli|aug(?:ust)?|sept?(?:ember)?|o[ck]t(?:ober)?|nov(?:ember)?|dec(?:ember)?)\.?\s+\d{1,2},)))"_s;
+/// Nouns that only end like a street.
+const QString notNoun =
+    uR"((?!(?i:genvej|omvej|udvej|motorvej|adgangsvej|spilleplads|siddeplads|brigade|renegade)"
+    uR"(|parkeringsplads|arbejdsplads)\s))"_s;
+
+QString nordicStreet() {
+    const QString stem = uR"([A-ZÆØÅÄÖ][\w'’.\-]{0,40}?)"_s;
+    return beforeName() + notOtherWords + u"(?:"_s + name() + uR"(\s+){0,3}?)"_s + notNoun +
+           anyOf({stem + anyOf({streetEnding, avenueEnding}),
+                  u"[A-ZÆØÅÄÖ]{2,40}?"_s + anyOf({streetEnding.toUpper(), u"ALL[EÉ]E?N?"_s}), wholeStreet}) +
+           uR"(\s+)"_s + nordicNumber;
+}
+
+/// As people type in a chat: "nørrebrogade 12". Only with the endings that few other words share.
+QString lowercaseStreet() {
+    return beforeName() + notNoun + uR"([a-zæøå]{3,40}?(?:gade|vej|stræde|vænget|all[eé]|torv)\s+)"_s +
+           nordicNumber;
+}
+
+QString nordicStreetOfWords() {
+    return beforeName() + notOtherWords + u"(?:"_s + name() + uR"(\s+){1,4}?)"_s + streetWord + uR"(\s+)"_s +
+           nordicNumber;
+}
+
+/// Whatever its name is, a floor with a side follows: "Åfløjen 1588, 2. tv".
+QString streetBeforeFloor() {
+    return beforeName() + notOtherWords + u"(?:"_s + name() + uR"(\s+){0,3}?)"_s + name() +
+           uR"(\s+\d{1,4}\s?[A-Z]?\s?[,.]\s*)"_s + floorWithSide();
+}
+
+/// "Ved Stranden 12".
+QString streetByItsPlace() {
+    return beforeName() + uR"((?:Ved|Bag|Under|Langs|Mellem)\s+\p{Lu}\p{Ll}{1,20}(?:en|et|ne)\s+)"_s +
+           nordicNumber;
+}
+
+QString continentalAddress() {
+    return beforeName() + notOtherWords + u"(?:"_s + name() + uR"(\s+){0,3})"_s + name() +
+           uR"(\s+\d{1,3}\s?[A-Za-z]?(?:/\d{1,3})?)"_s + optional(uR"(,\s*)"_s + floor()) + uR"(,\s*)"_s +
+           anyOf({continentalPostcode(), swedishPostcode(), uR"(\d\d-\d{3}|\d{4}-\d{3})"_s}) + uR"(\s+)"_s +
+           city();
+}
+
+} // namespace
+
+QStringList continentalAddresses() {
+    return {frenchStreet(),      frenchAddress(),       streetBehindItsType(), japaneseBlock(),
+            nordicStreet(),      nordicStreetOfWords(), lowercaseStreet(),     continentalAddress(),
+            streetBeforeFloor(), streetByItsPlace()};
+}
+
+} // namespace Veilshot

@@ -1,0 +1,48 @@
+#include "VeilshotCore/Analysis/DataDetection/MisreadLinkFinder.h"
+#include "tests/VeilshotCore/Analysis/DataDetection/TextsOfRanges.h"
+
+#include <gmock/gmock.h>
+
+namespace Veilshot {
+namespace {
+
+std::vector<std::string> linksIn(const std::string& utf8) {
+    const QString line = QString::fromStdString(utf8);
+    std::vector<TextRange> ranges;
+    for (const DataMatch& match : MisreadLinkFinder().find(line))
+        ranges.push_back(match.range);
+    return textsOf(line, ranges);
+}
+
+TEST(MisreadLinkFinder, FindsAddressesWithAWrongSignABlankOrAnEndCutOff) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"Write to anna.berg&parcelio.dk today", "anna.berg&parcelio.dk"},
+        {"or aniya_erdmanebrightloom.com, she", "aniya_erdmanebrightloom.com"},
+        {"jonas_ravn zoho.eu", "jonas_ravn zoho.eu"},
+        {"joan66@gnmucnet", "joan66@gnmucnet"},
+        {"😀 anna@parcelio,dk", "anna@parcelio,dk"},
+        {"label to annette. laursen@parcelio.dk", "annette. laursen@parcelio.dk"},
+        {"susanne_henriksen-pedersen@h +45", "susanne_henriksen-pedersen@h"},
+        {"itzel@example.c...", "itzel@example.c..."},
+        {"DSN=https ://3b07@errors.shop.dev/8551", "https ://3b07@errors.shop.dev/8551"},
+        {"URL=postgres:/ /app: XsaR@db.internal: 5432/shop", "postgres:/ /app: XsaR@db.internal: 5432/shop"},
+        {"inet6 fe80::5054:ff:fe12:3456/64 scope", "fe80::5054:ff:fe12:3456"},
+        {"from 172.16.28.i99", "172.16.28.i99"},
+        {"client=172,16.17.52 ok", "172,16.17.52"},
+        {"46.173.16._200 - Dallas", "46.173.16._200"},
+    };
+    for (const auto& [line, link] : rows)
+        EXPECT_EQ(linksIn(line), std::vector<std::string>{link}) << line;
+}
+
+TEST(MisreadLinkFinder, LeavesCodeVersionsAndSumsAlone) {
+    for (const char* line :
+         {"user@host", "git@github", "lodash.merge@latest", "deploy.bot@web01:~$", "notes.txt example.com",
+          "well-known example.com", "my_module.close()", "see https: // comment", "default: //nothing",
+          "10.0.0.1", "version 1.12.0.4", "2025.05.30.4", "55.6761,12.5683", "1,234.567,89", "10.30, 12.45",
+          "12:30:45", "std::chrono::seconds", "3c:22:fb:9a:01:7e"})
+        EXPECT_EQ(linksIn(line), std::vector<std::string>{}) << line;
+}
+
+} // namespace
+} // namespace Veilshot
