@@ -95,6 +95,7 @@ INSTANTIATE_TEST_SUITE_P(MisreadLetters, NamesInALine,
                                          Row{u"20 IngridSolheim", u"IngridSolheim"},    //
                                          Row{u"IngridSolheim og JonasVik skrev 3 gange til Yrsa",
                                              u"IngridSolheim|JonasVik|Yrsa"}, //
+                                         Row{u"@IngridSolheim hej", u""},     //
                                          Row{u"JavaScript", u""},             //
                                          Row{u"new IngridMapper()", u""},     //
                                          Row{u"SHA-256 9f86d081884c7d65", u""}));
@@ -124,6 +125,8 @@ TEST(TrainedNameTaggerTest, FindsWhatTheListsKnowWithoutAModelThatCanBeRead) {
         EXPECT_FALSE(NameModel::fromBytes(damaged));
         EXPECT_THAT(TrainedNameTagger(damaged).personalNames(u"From: Emily Carter"_s),
                     testing::ElementsAre(TextRange{6, 12}));
+        EXPECT_THAT(TrainedNameTagger(damaged).personalNames(u"18 Nwachi Obuzor"_s),
+                    testing::ElementsAre(TextRange{3, 13}));
     }
 }
 
