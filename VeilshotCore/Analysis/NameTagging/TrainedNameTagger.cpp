@@ -121,6 +121,16 @@ std::vector<qsizetype> lostBlanks(QStringView line) {
     return lost;
 }
 
+/// "10.0.0.7 - Victoria", "09:30 Florence": a town that people are called after, in a line of numbers.
+bool isTownAmongNumbers(const NameToken& word, const std::vector<NameToken>& tokens) {
+    const auto isOtherWord = [&](const NameToken& token) {
+        return token.kind == NameToken::Kind::word && token.range != word.range;
+    };
+    return NameLexicon::shared().traits(word.folded).testFlag(WordTrait::place) &&
+           std::ranges::count(tokens, NameToken::Kind::number, &NameToken::kind) > 1 &&
+           std::ranges::none_of(tokens, isOtherWord);
+}
+
 /// Two digits may be letters misread, more are none.
 bool isCode(QStringView text) {
     return std::ranges::count_if(text, [](QChar c) { return c.isDigit(); }) > 2;
@@ -176,7 +186,8 @@ std::vector<TextRange> TrainedNameTagger::namesAsWritten(const QString& line) co
         const qsizetype start = tokens[name.first].range.location;
         const TextRange range{start, tokens[name.last].range.end() - start};
         const bool isAgreed = std::ranges::find(listed, range) != listed.end();
-        if (isCode(QStringView(line).sliced(range.location, range.length)))
+        if (isCode(QStringView(line).sliced(range.location, range.length)) ||
+            (name.first == name.last && isTownAmongNumbers(tokens[name.first], tokens)))
             continue;
         if (isAgreed || name.first != name.last || !isDoubtful(tokens[name.first], line, tokens))
             names.push_back(range);

@@ -40,6 +40,7 @@ INSTANTIATE_TEST_SUITE_P(BareCells, NamesInALine,
                                          Row{u"Whitfield, Helena R.", u"Whitfield, Helena R."}, //
                                          Row{u"Portland, OR", u""},                             //
                                          Row{u"Anne-Mette af Rosen", u"Anne-Mette af Rosen"},   //
+                                         Row{u"10.20.0.7 - Florence", u""},                     //
                                          Row{u"Lake Victoria", u""},                            //
                                          Row{u"Ludwig van der Berg", u"Ludwig van der Berg"},   //
                                          Row{u"Robert F. Hughes Jr.", u"Robert F. Hughes Jr."}, //
