@@ -1,17 +1,19 @@
 #!/usr/bin/env python3
 """Rebuilds VeilshotCore/Analysis/NameTagging/Data/NameLexicon.txt, the list behind the name tagger.
 
-    tools/build-name-lexicon.py LISTS --scowl DIR --danish FILE [--census DIR] [--usage FILE ...]
+    tools/build-name-lexicon.py LISTS --scowl DIR --danish FILE [--census DIR] [--faker DIR] [--usage FILE ...]
 
 LISTS holds first.tsv and last.tsv (a name, a tab, its sources separated by commas) and danish-towns.txt (town
 names separated by blanks). The other inputs come from Debian packages: --scowl is /usr/share/dict/scowl,
---danish is /usr/share/dict/danish of wdanish, --census is /usr/share/rig of rig. A --usage file holds one JSON
-object per line with a "text" (and optionally a "lang"): running text in which words are counted.
+--danish is /usr/share/dict/danish of wdanish, --census is /usr/share/rig of rig, --faker is
+/usr/lib/python3/dist-packages/faker of python3-fake-factory. A --usage file holds one JSON object per line with a
+"text" (and optionally a "lang"): running text in which words are counted.
 
 One key per line, sorted by bytes: the folded word, a blank, its flags. See NameLexicon.h for what the flags mean;
 the folding here and in NameTokenizer.cpp must agree.
 """
 import argparse
+import ast
 import collections
 import json
 import pathlib
@@ -40,7 +42,19 @@ def read_lines(path, encoding="utf-8"):
     return path.read_text(encoding=encoding).splitlines() if path.exists() else []
 
 
-def add_names(lexicon, path, census, strong, weak):
+def faker_names(folder, part):
+    """(name, source) for the "first" or "last" names of each locale; they are literals in its provider."""
+    for path in sorted(folder.glob("providers/person/*/__init__.py")):
+        for node in ast.walk(ast.parse(path.read_text(encoding="utf-8"))):
+            if not isinstance(node, ast.Assign) or not getattr(node.targets[0], "id", "").startswith(f"{part}_names"):
+                continue
+            for literal in ast.walk(node.value):
+                if isinstance(literal, ast.Constant) and isinstance(literal.value, str):
+                    for name in literal.value.lower().split():
+                        yield name, f"faker-{path.parent.name[:2]}"
+
+
+def add_names(lexicon, path, census, faker, strong, weak):
     sources = collections.defaultdict(set)
     for line in read_lines(path):
         name, _, listed_in = line.partition("\t")
@@ -48,6 +62,8 @@ def add_names(lexicon, path, census, strong, weak):
     for file in census:
         for name in read_lines(file):
             sources[name.strip().lower()].add("census")
+    for name, source in faker:
+        sources[name].add(source)
     for name, listed_in in sources.items():
         is_strong = len(listed_in) >= 3 or listed_in & {"census", "dacy-danish", "faker-da"} \
             or any(source.startswith("pop-") for source in listed_in)
@@ -85,14 +101,18 @@ def main():
     parser.add_argument("--scowl", type=pathlib.Path, required=True)
     parser.add_argument("--danish", type=pathlib.Path, required=True)
     parser.add_argument("--census", type=pathlib.Path)
+    parser.add_argument("--faker", type=pathlib.Path)
     parser.add_argument("--usage", type=pathlib.Path, nargs="*", default=[])
     arguments = parser.parse_args()
 
     lexicon = collections.defaultdict(set)
     census = arguments.census
+    faker = arguments.faker
     add_names(lexicon, arguments.lists / "first.tsv",
-              [census / "fnames.idx", census / "mnames.idx"] if census else [], "F", "f")
-    add_names(lexicon, arguments.lists / "last.tsv", [census / "lnames.idx"] if census else [], "L", "l")
+              [census / "fnames.idx", census / "mnames.idx"] if census else [],
+              faker_names(faker, "first") if faker else [], "F", "f")
+    add_names(lexicon, arguments.lists / "last.tsv", [census / "lnames.idx"] if census else [],
+              faker_names(faker, "last") if faker else [], "L", "l")
     for town in (arguments.lists / "danish-towns.txt").read_text(encoding="utf-8").split():
         for key in keys(town):
             lexicon[key].add("P")

@@ -16,8 +16,11 @@ std::vector<LabelledLine> readLabelledLines(const QString& path) {
         LabelledLine line;
         line.text = QString::fromStdString(json.at("text").get<std::string>());
         for (const auto& span : json.at("spans")) {
+            const TextRange range{span.at("start").get<qsizetype>(), span.at("length").get<qsizetype>()};
             if (span.at("kind") == "name")
-                line.names.push_back({span.at("start").get<qsizetype>(), span.at("length").get<qsizetype>()});
+                line.names.push_back(range);
+            else if (span.at("kind") == "other")
+                line.others.push_back(range);
         }
         lines.push_back(std::move(line));
     }

@@ -53,6 +53,8 @@ constexpr std::array confusions{
     Confusion{u"á", usual, {u"a", u"å"}},
     Confusion{u"ü", frequent, {u"u", u"ii"}},
     Confusion{u"č", usual, {u"c", u"é"}},
+    Confusion{u"ł", usual, {u"t", u"l"}},
+    Confusion{u"Ł", usual, {u"L", u"t"}},
     Confusion{u"’", frequent, {u"'", u"`"}},
     Confusion{u",", rare, {u"."}},
     Confusion{u".", rare, {u","}},
@@ -67,7 +69,11 @@ QString withoutDiacritics(QStringView text) {
     QString plain;
     for (const QChar c : text) {
         const QString parts = QString(c).normalized(QString::NormalizationForm_D);
-        plain += c == u'ø' ? QChar(u'o') : c == u'Ø' ? QChar(u'O') : parts.front();
+        plain += c == u'ø'   ? QChar(u'o')
+                 : c == u'Ø' ? QChar(u'O')
+                 : c == u'ł' ? QChar(u'l')
+                 : c == u'Ł' ? QChar(u'L')
+                             : parts.front();
     }
     return plain;
 }

@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <algorithm>
@@ -23,14 +24,40 @@ struct Options {
     std::vector<std::string> countedTwice;
     std::string output;
     double noiseShare = 0.25;
+    double thinnedShare = 0.3;
+    double droppedNames = 0.5;
+    double droppedWords = 0.25;
     LearningOptions learning;
 };
 
-LabelledFeatures featuresOf(const LabelledLine& line) {
+QByteArray builtIn(const QString& name) {
+    QFile file(u":/Veilshot/Analysis/"_s + name);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("Cannot read " + name.toStdString());
+    return file.readAll();
+}
+
+/// The lists without a share of their words. Nearly every name of the corpora stands in the lists, on a
+/// screen every tenth does not: so the spelling and the neighbours of such names are learnt, too.
+NameLexicon thinnedLexicon(const Options& options, unsigned seed) {
+    std::mt19937 random(seed);
+    std::bernoulli_distribution isNameDropped(options.droppedNames);
+    std::bernoulli_distribution isWordDropped(options.droppedWords);
+    QByteArray kept;
+    for (const QByteArray& line : builtIn(u"NameLexicon.txt"_s).split('\n')) {
+        const QByteArray flags = line.mid(line.indexOf(' ') + 1);
+        const bool isName =
+            std::ranges::any_of(flags, [](char flag) { return QByteArrayView("FfLl").contains(flag); });
+        if (!(isName ? isNameDropped(random) : isWordDropped(random)))
+            kept += line + '\n';
+    }
+    return NameLexicon(kept, builtIn(u"NameContext.txt"_s));
+}
+
+LabelledFeatures featuresOf(const LabelledLine& line, const NameLexicon& lexicon) {
     constexpr uint8_t begin = 0;
     constexpr uint8_t inside = 1;
     constexpr uint8_t outside = 2;
-    const NameLexicon& lexicon = NameLexicon::shared();
     const std::vector<NameToken> tokens = nameTokens(line.text);
     LabelledFeatures features;
     features.tokens =
@@ -68,6 +95,13 @@ std::vector<LabelledFeatures> trainingLines(const Options& options) {
     ReadingNoise noise(1);
     std::mt19937 random(2);
     std::bernoulli_distribution isRepeated(options.noiseShare);
+    std::bernoulli_distribution isThinned(options.thinnedShare);
+    std::vector<NameLexicon> thinned;
+    for (const unsigned seed : {1u, 2u, 3u, 4u})
+        thinned.push_back(thinnedLexicon(options, seed));
+    const auto lexicon = [&]() -> const NameLexicon& {
+        return isThinned(random) ? thinned[random() % thinned.size()] : NameLexicon::shared();
+    };
     for (const QString& file : trainingFiles(options.paths)) {
         const std::string name = QFileInfo(file).baseName().toStdString();
         const auto times = 1 + std::ranges::count(options.countedTwice, name);
@@ -75,9 +109,9 @@ std::vector<LabelledFeatures> trainingLines(const Options& options) {
         std::cout << name << ": " << read.size() << " lines, counted " << times << " times" << std::endl;
         for (const LabelledLine& line : read) {
             for (auto time = times; time > 0; --time) {
-                lines.push_back(featuresOf(line));
+                lines.push_back(featuresOf(line, lexicon()));
                 if (isRepeated(random))
-                    lines.push_back(featuresOf(noise.applied(line)));
+                    lines.push_back(featuresOf(noise.applied(line), lexicon()));
             }
         }
     }
@@ -106,6 +140,9 @@ int main(int argc, char** argv) {
     app.add_option("--output", options.output, "The model file to write")->required();
     app.add_option("--twice", options.countedTwice, "A file that counts twice, by its name without ending");
     app.add_option("--noise", options.noiseShare, "Share of the lines repeated with reading errors");
+    app.add_option("--thinned", options.thinnedShare, "Share of the lines seen with thinned lists");
+    app.add_option("--dropped-names", options.droppedNames, "Share of the names the thinned lists lack");
+    app.add_option("--dropped-words", options.droppedWords, "Share of the other words they lack");
     app.add_option("--rounds", learning.rounds);
     app.add_option("--rounds-for-all", learning.roundsForAll, "After these the features are weeded out");
     app.add_option("--features", learning.keptFeatures, "Number of features kept");

@@ -67,7 +67,9 @@ void addLastNameFirst(const NameLine& line, size_t at, std::vector<Candidate>& c
     if (firstName.before != WordSeparator::comma || lastName.before == WordSeparator::comma ||
         !lastName.canBeName || !firstName.canBeName || !lastName.isCapitalized())
         return;
-    if (!firstName.isInitial() && firstName.letterCase != lastName.letterCase)
+    const bool isLastInCapitals =
+        lastName.letterCase == LetterCase::upper && firstName.letterCase == LetterCase::title;
+    if (!firstName.isInitial() && firstName.letterCase != lastName.letterCase && !isLastInCapitals)
         return;
     const bool isEnumeration = lastName.is(anyFirstName) && !lastName.is(anyLastName);
     const bool isTownAndState = firstName.isInitial() && lastName.is(WordTrait::place);
@@ -80,13 +82,22 @@ void addLastNameFirst(const NameLine& line, size_t at, std::vector<Candidate>& c
     const NameWord& next = line.word(last + 1);
     if (next.before == WordSeparator::comma || next.isLink())
         return;
-    const double before = evidenceBefore(line, {at, last});
-    if (!line.opensCell(at) && before < 1)
+    // "Di Stefano, Rosa": words in front of the last belong to it when there is nothing else in the line.
+    size_t first = at;
+    while (first > 0 && line.word(first).touches() && line.word(first - 1).isCapitalized() &&
+           line.word(first - 1).canBeName)
+        --first;
+    const bool fillsLine = line.isFilledBy({first, last});
+    if (!fillsLine)
+        first = at;
+    const double before = evidenceBefore(line, {first, last});
+    if (!line.opensCell(first) && before < 1)
         return;
+    const bool isStrange = !lastName.is(anyMeaning) && !firstName.is(anyMeaning);
     const double points = lastName.evidence.asLastName + firstName.evidence.asFirstName +
-                          (firstName.isInitial() ? 0.5 : 0) + before;
+                          (firstName.isInitial() ? 0.5 : 0) + (fillsLine && isStrange ? 1.4 : 0) + before;
     if (points >= joinedThreshold)
-        candidates.push_back({{at, last}, points});
+        candidates.push_back({{first, last}, points});
 }
 
 /// The set of candidates without overlaps that has the most points; in no particular order.

@@ -44,7 +44,7 @@ WordTraits traitOfFlag(char flag) {
 }
 
 WordTraits traitOfSection(std::string_view section) {
-    constexpr std::array<std::pair<std::string_view, WordTrait>, 20> sections{{
+    constexpr std::array<std::pair<std::string_view, WordTrait>, 21> sections{{
         {"title", WordTrait::title},
         {"role", WordTrait::role},
         {"label", WordTrait::label},
@@ -61,6 +61,7 @@ WordTraits traitOfSection(std::string_view section) {
         {"function", WordTrait::functionWord},
         {"calendar", WordTrait::calendar},
         {"danish", WordTrait::danishWord},
+        {"english", WordTrait::word},
         {"product", WordTrait::product},
         {"place", WordTrait::place},
         {"first", WordTrait::weakFirstName},

@@ -131,6 +131,14 @@ bool NameLine::opensCell(size_t at) const {
     return word.before != WordSeparator::possessive && word.before != WordSeparator::glued;
 }
 
+bool NameLine::isFilledBy(NameSpan span) const {
+    for (size_t at = 0; at < size(); ++at) {
+        if ((at < span.first || at > span.last) && !m_words[at].isNumber)
+            return false;
+    }
+    return true;
+}
+
 bool NameLine::joinsNext(size_t at) const {
     const NameWord& word = m_words[at];
     const NameWord& next = m_words[at + 1];

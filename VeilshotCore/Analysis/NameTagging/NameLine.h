@@ -48,6 +48,14 @@ struct NameWord {
     bool isLink() const;
 };
 
+/// Neighbouring words that may be one name; a single word needs more help from its surroundings than several.
+struct NameSpan {
+    size_t first = 0;
+    size_t last = 0; ///< inclusive
+
+    bool isSingle() const { return first == last; }
+};
+
 /// The words of a line and how they lie to each other. A cell is what a table column, a label, a bracket or a
 /// sentence encloses. Views the text and keeps the lexicon; both must outlive it.
 class NameLine {
@@ -63,6 +71,8 @@ public:
 
     bool opensCell(size_t at) const;
     bool closesCell(size_t at) const { return opensCell(at + 1); }
+    /// Whether there is nothing else in the line but numbers.
+    bool isFilledBy(NameSpan span) const;
     /// Whether a name may go on from this word to the next.
     bool joinsNext(size_t at) const;
     /// Whether `mark` follows the word, blanks aside.

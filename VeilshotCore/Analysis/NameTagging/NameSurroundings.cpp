@@ -58,6 +58,25 @@ double evidenceOfNextWord(const NameLine& line, NameSpan span) {
     return next.isOrdinary() && !isExpected ? -0.3 : 0;
 }
 
+/// Nothing else in the line. Two words that no list explains are rather a person's than a heading; so is
+/// "Grace" with such a word behind it.
+double evidenceOfFilledLine(const NameLine& line, NameSpan span) {
+    const auto isUnexplained = [](const NameWord& word, double least) {
+        return !word.is(anyMeaning) && (word.is(anyName) || word.evidence.alone >= least) &&
+               word.letterCase == LetterCase::title && word.range.length > 2;
+    };
+    constexpr double strange = 0;
+    constexpr double ratherStrange = -1; // many last names end like Danish nouns
+    const NameWord& opening = line.word(span.first);
+    const NameWord& closing = line.word(span.last);
+    if (opening.is(WordTrait::strongFirstName) && isUnexplained(closing, ratherStrange))
+        return opening.is(anyMeaning) ? 0.9 : 0.6;
+    const bool isBeforeName = closing.is(WordTrait::strongFirstName | WordTrait::strongLastName);
+    if (!isUnexplained(opening, isBeforeName ? ratherStrange : strange) || !isUnexplained(closing, strange))
+        return 0;
+    return opening.is(anyName) || closing.is(anyName) ? 0.6 : 1.4;
+}
+
 /// Nothing else in the cell: more likely a name than the same words in a sentence.
 double evidenceOfCell(const NameLine& line, NameSpan span) {
     if (!line.opensCell(span.first) || !line.closesCell(span.last) || line.word(span.first).range.length < 3)
@@ -68,6 +87,8 @@ double evidenceOfCell(const NameLine& line, NameSpan span) {
         hasMeaning = hasMeaning || line.word(at).is(anyMeaning);
         hasName = hasName || line.word(at).is(anyName);
     }
+    if (!span.isSingle() && line.isFilledBy(span))
+        return evidenceOfFilledLine(line, span);
     if (hasMeaning || !hasName)
         return 0;
     return span.isSingle() ? 0.8 : 0.6;

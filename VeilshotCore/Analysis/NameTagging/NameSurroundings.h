@@ -4,14 +4,6 @@
 
 namespace Veilshot {
 
-/// Neighbouring words that may be one name; a single word needs more help from its surroundings than several.
-struct NameSpan {
-    size_t first = 0;
-    size_t last = 0; ///< inclusive
-
-    bool isSingle() const { return first == last; }
-};
-
 /// What the words of the span say together, on the scale of NameEvidence.
 double wordEvidence(const NameLine& line, NameSpan span);
 

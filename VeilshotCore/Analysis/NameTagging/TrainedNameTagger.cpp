@@ -35,23 +35,106 @@ WordTraits traitsBefore(const std::vector<NameToken>& tokens, qsizetype location
     return word == tokens.rend() ? WordTraits() : NameLexicon::shared().traits(word->folded);
 }
 
+/// "Ezra's number", "Konrads mor": a first name that owns something; a common one may also be an ordinary
+/// word.
+bool isOwner(TextRange listed, const std::vector<NameToken>& tokens) {
+    const auto name = std::ranges::find(tokens, listed, &NameToken::range);
+    if (name == tokens.end() || name->letterCase != NameToken::LetterCase::title)
+        return false;
+    const NameLexicon& lexicon = NameLexicon::shared();
+    auto owned = name + 1;
+    std::string_view key = name->folded;
+    if (owned != tokens.end() && owned->kind == NameToken::Kind::possessive)
+        ++owned;
+    else if (key.ends_with('s') && !lexicon.traits(key))
+        key.remove_suffix(1);
+    else
+        return false;
+    constexpr WordTraits ordinary = WordTrait::frequentWord | WordTrait::word | WordTrait::rareWord |
+                                    WordTrait::danishWord | WordTrait::rareDanishWord | WordTrait::auxiliary;
+    const WordTraits traits = lexicon.traits(key);
+    const bool isName = (traits & anyFirstName) && !(traits & anyMeaning);
+    const bool isCommonName = (traits & WordTrait::strongFirstName) && !(traits & anyMeaning & ~ordinary);
+    return (isName || isCommonName) && owned != tokens.end() &&
+           owned->letterCase == NameToken::LetterCase::lower;
+}
+
+/// Whether a word of the range is in the lists, or no other word is in the line.
+bool isListedOrAlone(TextRange range, QStringView line, const std::vector<NameToken>& tokens) {
+    const auto isWord = [](const NameToken& token) { return token.kind == NameToken::Kind::word; };
+    const auto isListed = [&](const NameToken& token) {
+        return isWord(token) && token.range.intersects(range) &&
+               (lineWordTraits(NameLexicon::shared(), token, line) & anyName);
+    };
+    return std::ranges::any_of(tokens, isListed) || std::ranges::all_of(tokens, [&](const NameToken& token) {
+               return !isWord(token) || token.range.intersects(range);
+           });
+}
+
 /// Whether the lists are trusted more than the model: with names of several words and with what follows a
 /// title they are hardly ever wrong.
 bool isCertain(TextRange listed, QStringView line, const std::vector<NameToken>& tokens) {
-    return line.sliced(listed.location, listed.length).contains(u' ') ||
-           traitsBefore(tokens, listed.location).testFlag(WordTrait::title);
+    return (line.sliced(listed.location, listed.length).contains(u' ') &&
+            isListedOrAlone(listed, line, tokens)) ||
+           traitsBefore(tokens, listed.location).testFlag(WordTrait::title) || isOwner(listed, tokens);
 }
 
 /// Whether the model may be wrong about the single word: it means something else and is in no list of names
-/// ("Dough is alive"), or it fills the line and means something else as well or does not look like a name
-/// ("Gul", "IBAN").
+/// ("Dough is alive"), is in none and has no capital, or it fills the line and means something else as well
+/// or does not look like a name ("Gul", "IBAN").
 bool isDoubtful(const NameToken& word, QStringView line, const std::vector<NameToken>& tokens) {
     const WordTraits traits = lineWordTraits(NameLexicon::shared(), word, line);
     const bool hasMeaning = bool(traits & anyMeaning);
     const bool isName = bool(traits & anyName);
     const bool fillsLine = tokens.size() == 1;
     const bool looksLikeName = word.letterCase == NameToken::LetterCase::title;
-    return (hasMeaning && !isName) || (fillsLine && (hasMeaning || !looksLikeName));
+    const bool isSmall = word.letterCase == NameToken::LetterCase::lower;
+    return ((hasMeaning || isSmall) && !isName) || (fillsLine && (hasMeaning || !looksLikeName));
+}
+
+/// Where a blank is missing between a first and a last name that recognition ran together: "LeonieSenger". At
+/// least one half is such a name and means nothing else; "JavaScript" and "McDonald" stay whole.
+std::vector<qsizetype> lostBlanks(QStringView line) {
+    constexpr qsizetype shortest = 3;
+    const NameLexicon& lexicon = NameLexicon::shared();
+    std::vector<qsizetype> lost;
+    for (const NameToken& token : nameTokens(line)) {
+        const QStringView word = line.sliced(token.range.location, token.range.length);
+        const QChar before = token.range.location > 0 ? line[token.range.location - 1] : QChar(u' ');
+        if (token.letterCase != NameToken::LetterCase::mixed || !word.front().isUpper() || token.hasDigits ||
+            QStringView(u"@#_./").contains(before))
+            continue;
+        const auto isHump = [&](qsizetype at) { return word[at].isUpper() && word[at - 1].isLower(); };
+        qsizetype hump = 1;
+        while (hump < word.size() && !isHump(hump))
+            ++hump;
+        if (hump < shortest || word.size() - hump < shortest)
+            continue;
+        const WordTraits first = lexicon.traits(foldedName(word.first(hump)));
+        const WordTraits last = lexicon.traits(foldedName(word.sliced(hump)));
+        const bool hasName = ((first & anyFirstName) && !(first & anyMeaning)) ||
+                             ((last & anyLastName) && !(last & anyMeaning));
+        const bool hasWord =
+            ((first & anyMeaning) && !(first & anyName)) || ((last & anyMeaning) && !(last & anyName));
+        if (hasName && !hasWord)
+            lost.push_back(token.range.location + hump);
+    }
+    return lost;
+}
+
+/// "10.0.0.7 - Victoria", "09:30 Florence": a town that people are called after, in a line of numbers.
+bool isTownAmongNumbers(const NameToken& word, const std::vector<NameToken>& tokens) {
+    const auto isOtherWord = [&](const NameToken& token) {
+        return token.kind == NameToken::Kind::word && token.range != word.range;
+    };
+    return NameLexicon::shared().traits(word.folded).testFlag(WordTrait::place) &&
+           std::ranges::count(tokens, NameToken::Kind::number, &NameToken::kind) > 1 &&
+           std::ranges::none_of(tokens, isOtherWord);
+}
+
+/// Two digits may be letters misread, more are none.
+bool isCode(QStringView text) {
+    return std::ranges::count_if(text, [](QChar c) { return c.isDigit(); }) > 2;
 }
 
 std::vector<TextRange> merged(std::vector<TextRange> ranges) {
@@ -75,6 +158,27 @@ TrainedNameTagger::TrainedNameTagger(const QByteArray& model) : m_segmenter(segm
 std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) const {
     if (hasCells(line))
         return namesInCells(line, *this);
+    const std::vector<qsizetype> lost = lostBlanks(line);
+    if (lost.empty())
+        return namesAsWritten(line);
+    QString spaced = line;
+    for (auto at = lost.rbegin(); at != lost.rend(); ++at)
+        spaced.insert(*at, u' ');
+    std::vector<TextRange> names = namesAsWritten(spaced);
+    for (TextRange& name : names) {
+        const auto blanksBefore = [&](qsizetype place) {
+            qsizetype count = 0;
+            while (count < std::ssize(lost) && lost[static_cast<size_t>(count)] + count < place)
+                ++count;
+            return count;
+        };
+        const qsizetype start = name.location - blanksBefore(name.location);
+        name = {start, name.end() - blanksBefore(name.end()) - start};
+    }
+    return merged(std::move(names));
+}
+
+std::vector<TextRange> TrainedNameTagger::namesAsWritten(const QString& line) const {
     const std::vector<TextRange> listed = m_listTagger.personalNames(line);
     if (!m_segmenter)
         return listed;
@@ -85,6 +189,9 @@ std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) con
         const qsizetype start = tokens[name.first].range.location;
         const TextRange range{start, tokens[name.last].range.end() - start};
         const bool isAgreed = std::ranges::find(listed, range) != listed.end();
+        if (isCode(QStringView(line).sliced(range.location, range.length)) ||
+            (name.first == name.last && isTownAmongNumbers(tokens[name.first], tokens)))
+            continue;
         if (isAgreed || name.first != name.last || !isDoubtful(tokens[name.first], line, tokens))
             names.push_back(range);
     }

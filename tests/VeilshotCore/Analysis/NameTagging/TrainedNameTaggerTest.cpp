@@ -40,9 +40,17 @@ INSTANTIATE_TEST_SUITE_P(BareCells, NamesInALine,
                                          Row{u"Whitfield, Helena R.", u"Whitfield, Helena R."}, //
                                          Row{u"Portland, OR", u""},                             //
                                          Row{u"Anne-Mette af Rosen", u"Anne-Mette af Rosen"},   //
+                                         Row{u"10.20.0.7 - Florence", u""},                     //
                                          Row{u"Lake Victoria", u""},                            //
                                          Row{u"Ludwig van der Berg", u"Ludwig van der Berg"},   //
-                                         Row{u"Robert F. Hughes Jr.", u"Robert F. Hughes Jr."}));
+                                         Row{u"Robert F. Hughes Jr.", u"Robert F. Hughes Jr."}, //
+                                         Row{u"18 Nwachi Obuzor", u"Nwachi Obuzor"},            //
+                                         Row{u"Obuzor, Nwachi", u"Obuzor, Nwachi"},             //
+                                         Row{u"Olive Trebarwith", u"Olive Trebarwith"},         //
+                                         Row{u"Dal Forno, Ilaria", u"Dal Forno, Ilaria"},       //
+                                         Row{u"BRANDVOLD, Tyra", u"BRANDVOLD, Tyra"},           //
+                                         Row{u"Burkina Faso", u""},                             //
+                                         Row{u"Saldo", u""}));
 
 INSTANTIATE_TEST_SUITE_P(Organisations, NamesInALine,
                          testing::Values(Row{u"Jensen & Søn A/S", u""},         //
@@ -74,7 +82,9 @@ INSTANTIATE_TEST_SUITE_P(Surroundings, NamesInALine,
                                          Row{u"tak mette det var dejligt", u"mette"},                 //
                                          Row{u"@Freja Lund kan du se på den?", u"Freja Lund"},        //
                                          Row{u"Author: Liam Walsh <liam.walsh@example.com>",
-                                             u"Liam Walsh"}, //
+                                             u"Liam Walsh"},                                       //
+                                         Row{u"All good. Hand me Ezra's number, please", u"Ezra"}, //
+                                         Row{u"Sorry. Faith's bike is in the yard", u"Faith"},     //
                                          Row{u"I'm not able to open it", u""}));
 
 INSTANTIATE_TEST_SUITE_P(MisreadLetters, NamesInALine,
@@ -83,13 +93,19 @@ INSTANTIATE_TEST_SUITE_P(MisreadLetters, NamesInALine,
                                          Row{u"Soren Kjaer", u"Soren Kjaer"},           //
                                          Row{u"M1chael Thompson", u"M1chael Thompson"}, //
                                          Row{u"Galaxy S24 Ultra", u""},                 //
+                                         Row{u"20 IngridSolheim", u"IngridSolheim"},    //
+                                         Row{u"IngridSolheim og JonasVik skrev 3 gange til Yrsa",
+                                             u"IngridSolheim|JonasVik|Yrsa"}, //
+                                         Row{u"@IngridSolheim hej", u""},     //
+                                         Row{u"JavaScript", u""},             //
+                                         Row{u"new IngridMapper()", u""},     //
                                          Row{u"SHA-256 9f86d081884c7d65", u""}));
 
 INSTANTIATE_TEST_SUITE_P(NamesInNoList, NamesInALine,
                          testing::Values(Row{u"K. Papadimitriou", u"K. Papadimitriou"},                    //
                                          Row{u"Ship to: Barnaby Quill, 14 Harbour Row", u"Barnaby Quill"}, //
-                                         Row{u"Lucinda Prior → Mateo Ferreira",
-                                             u"Lucinda Prior|Mateo Ferreira"},                       //
+                                         Row{u"Lucinda Thorsgood → Mateo Ferreira",
+                                             u"Lucinda Thorsgood|Mateo Ferreira"},                   //
                                          Row{u"Shared with Lysander and 3 others", u"Lysander"},     //
                                          Row{u"Konrads mor ringer kl. 15", u"Konrads"},              //
                                          Row{u"Ella Thrane  ella@thrane.dk  Aktiv", u"Ella Thrane"}, //
@@ -110,6 +126,8 @@ TEST(TrainedNameTaggerTest, FindsWhatTheListsKnowWithoutAModelThatCanBeRead) {
         EXPECT_FALSE(NameModel::fromBytes(damaged));
         EXPECT_THAT(TrainedNameTagger(damaged).personalNames(u"From: Emily Carter"_s),
                     testing::ElementsAre(TextRange{6, 12}));
+        EXPECT_THAT(TrainedNameTagger(damaged).personalNames(u"18 Nwachi Obuzor"_s),
+                    testing::ElementsAre(TextRange{3, 13}));
     }
 }
 
