@@ -19,15 +19,22 @@ const QString secretLabel =
     uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?)"
     uR"(|kodeord|adgangskode|pinkode|engangskode|nøgle))"_s;
 
+/// "8f3k-29dm"
+const QString hyphenatedCode = uR"([a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}(?![\w-]))"_s;
+
 struct Expressions {
     /// Group 1 is what the label names. A column between them arrives as a tab.
     RegularExpression column{u"^\\s*(?:[\\w-]+\\s){0,2}"_s + secretLabel +
                              uR"(\s*[:.]?\t\s*(\S{4,}|\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,})\s*$)"_s};
-    RegularExpression assignment{u"[\\w.-]*"_s + secretLabel +
-                                 uR"([\w-]*["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
+    RegularExpression assignment{secretLabel + uR"([\w-]{0,40}+["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
                                  uR"(([^\s"'”“,;<>(){}\[\]$*•]{5,}+)(?![(\[{]))"_s};
     RegularExpression sentence{u"(?<![\\w])(?:login|bearer|basic|"_s + secretLabel +
                                uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
+
+    /// "exportfix with Marigold!7726": the name of the user in front.
+    RegularExpression withPassword{
+        uR"((?<!\p{L})(?:with|med)\s+((?=\S{0,40}\d\d)\p{Lu}[\p{L}\d_]{2,20}[!$%&*^][\w!$%&*^-]{2,20})(?![\w/.]))",
+        sensitive};
 
     /// Keys that say themselves whose they are. A blank that was read into a signed token is put up with.
     RegularExpression knownShape{
@@ -41,7 +48,8 @@ struct Expressions {
                                     sensitive};
     /// Groups with a hyphen between, behind what says so or long enough.
     RegularExpression groups{
-        uR"((?:recovery|backup|activation|licen[cs]e|product)\s?(?:codes?|keys?)\s*[:\t]?\s*((?:[a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}[\s,]{0,2})+))"};
+        uR"((?:recovery|backup|activation|licen[cs]e|product)\s?(?:codes?|keys?)\s*[:\t]?\s*)"_s + u'(' +
+        hyphenatedCode + uR"((?:[\s,]{1,2})"_s + hyphenatedCode + uR"()*))"_s};
     RegularExpression hyphenated{uR"((?<![\w-])[A-Z\d]{4}(?:-[A-Z\d]{4}){2,5}(?![\w-]))", sensitive};
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
@@ -105,9 +113,13 @@ int breaks(QStringView text) {
 TextRange grown(QStringView line, TextRange credential) {
     constexpr int fewestBreaks = 2;
     constexpr qsizetype shortestPiece = 4;
+    constexpr qsizetype pieceBeforeReach = 24;
     static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
-    if (const auto before = pieceBefore.firstMatch(line.first(credential.location)))
-        credential = {before->range.location, credential.end() - before->range.location};
+    const qsizetype from = std::max<qsizetype>(0, credential.location - pieceBeforeReach);
+    if (const auto before = pieceBefore.firstMatch(line.sliced(from, credential.location - from))) {
+        const qsizetype start = from + before->range.location;
+        credential = {start, credential.end() - start};
+    }
     static const RegularExpression piece(
         uR"((?:[^\s\p{L}\p{N}"'”“<>]|\s?[.,]\s?|(?<=[_-])\s|\s)([\p{L}\p{N}_/+-]{2,}+))");
     for (;;) {
@@ -178,18 +190,27 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         if (key.length >= shortestKey && breaks(line.sliced(key.location, key.length)) >= fewestBreaksOfKey)
             add(key);
     }
-    for (const RegularExpression* expression : {&expressions.code, &expressions.groups}) {
-        for (const auto& match : expression->matches(line))
-            add(match.groups[0]);
+    for (const auto& match : expressions.code.matches(line))
+        add(match.groups[0]);
+    for (const auto& match : expressions.groups.matches(line)) {
+        const TextRange codes = match.groups[0];
+        if (Composition(line.sliced(codes.location, codes.length)).digits > 0)
+            add(codes);
     }
     for (const TextRange range : expressions.hyphenated.ranges(line)) {
         if (breaks(line.sliced(range.location, range.length)) >= fewestBreaksOfKey)
             add(range);
     }
-    for (const TextRange range : expressions.signedToken.ranges(line))
-        add(grownSignedToken(line, range));
+    qsizetype endOfToken = 0;
+    for (const TextRange range : expressions.signedToken.ranges(line)) {
+        if (range.location < endOfToken)
+            continue;
+        const TextRange token = grownSignedToken(line, range);
+        endOfToken = token.end();
+        add(token);
+    }
     for (const RegularExpression* expression :
-         {&expressions.column, &expressions.assignment, &expressions.sentence}) {
+         {&expressions.column, &expressions.assignment, &expressions.sentence, &expressions.withPassword}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange secret = match.groups[0];
             if (isChosen(line.sliced(secret.location, secret.length)))

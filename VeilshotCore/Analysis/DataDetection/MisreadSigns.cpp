@@ -22,7 +22,7 @@ struct Expressions {
     RegularExpression lettersOnly{uR"((?<![\dOoQDIl|iSBZ])[OoQDIl|iSBZ]+(?![\dOoQDIl|iSBZ]))", sensitive};
     /// In numbers, e-mail addresses and names of places; between the words of a program they belong.
     RegularExpression underscore{
-        uR"((?<=[\s\d.,:/(+-])_+(?=[\d(])|(?<=\d)_+(?=[\s\d.,:/()-]|$)|_+(?=@)|(?<=@)_+|(?<=[.-])_+(?=[\p{L}\d.-]{1,40}@)|(?<=@[\p{L}\d.-]{1,40}[.-])_+(?=\p{L}))"
+        uR"((?<=[\s\d.,:/(+-])_+(?=[\d(])|(?<=\d)_+(?=[\s\d.,:/()-]|$)|(?<!_)_+(?=@)|(?<=@)_+|(?<=[.-])_+(?=[\p{L}\d.-]{1,40}@)|(?<=@[\p{L}\d.-]{1,40}[.-])_+(?=\p{L}))"
         uR"(|(?<=[\s,])_+(?=\p{Lu}\p{Ll}{1,40}(?:[\s,]|$))|(?<=\p{Ll})_+(?=[\s,]|$)|(?<=\p{L}-)_+(?=\p{L})|(?<=\p{L})_+(?=-_?\p{L}))",
         sensitive};
     /// Endings that are no words.

@@ -23,7 +23,8 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
         {"Your password is Heron!Lake_4471, change it", {"Heron!Lake_4471"}},
         {"Password\tMarble 0290", {"Marble 0290"}},
         {"Tf9#vLq2-Wren-0Zs81k", {"Tf9#vLq2-Wren-0Zs81k"}},
-        {"backup codes: 8f3k-29dm", {"8f3k-29dm"}},
+        {"backup codes: 8f3k-29dm, 9k2l-3xpq and", {"8f3k-29dm, 9k2l-3xpq"}},
+        {"login is exportfix with Marigold!7726 until", {"Marigold!7726"}},
         {"Or 4F7K-9QTX-2MBD", {"4F7K-9QTX-2MBD"}},
         {"support PIN\t60418", {"60418"}},
         {"login 9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp is", {"9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp"}},
@@ -45,7 +46,7 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
           "Screenshot_20250314-092251.png", "node_modules/@types/react-dom/18.2.7/index.d.ts",
           "x86_64-linux-gnu-gcc12-release", "KX-2290-71 BT-0017-88", "$ grep token ~/.netrc",
           "Password\tChanged 2024", "secret = match2.groups[0];", "PIN code required", "2025-2026-2027",
-          "is_valid_username2"})
+          "is_valid_username2", "activation codes high-quality"})
         EXPECT_EQ(credentialsIn(line), std::vector<std::string>{}) << line;
 }
 
