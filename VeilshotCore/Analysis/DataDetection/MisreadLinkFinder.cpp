@@ -25,6 +25,14 @@ const QString word = uR"([\p{L}\p{N}]{1,30}+)"_s;
 const QString compound = word + uR"((?:[._])"_s + word + u"){1,3}"_s;
 const QString local = word + uR"((?:[._+-]{1,2})"_s + word + u"){0,3}"_s;
 
+const QString cellStart = uR"((?<=^|\t|^\s|\t\s))"_s;
+/// "write price@example.com"
+const QString notVerb =
+    uR"((?!(?:e-?mail|contact|kontakt|write|skriv|from|fra|til|bcc|reply|svar|send|support|via|and|for|user)"
+    uR"(|login|the|ask|try|see|ping|hej|with|med|hos|eller|spørg|kan|git|ssh|sftp|scp|cat|add|set|get|log|tel|phone)"
+    uR"(|fax|web|url|client|customer|admin|owner|author|name|username|navn|kunde|sender)"
+    uR"(|afsender|modtager|recipient|account|konto)\s))"_s;
+
 /// Of addresses that are worth having with a blank inside.
 const QString scheme = uR"((?<![\p{L}\p{N}])(?:https?|wss?|ftps?|sftp|ssh|postgres(?:ql)?|mysql|mariadb)"
                        uR"(|mongodb(?:\+srv)?|rediss?|amqps?|kafka|ldaps?|smtps?|imaps?|jdbc|s3|git))"_s;
@@ -34,7 +42,13 @@ const QString dot = uR"((?:[.,]{1,2}_?|\._?\s?|_\.))"_s;
 /// "notes.txt example.com" are two.
 const QString notFile =
     uR"((?<!\.(?:pl|py|sh|md|js|ts|rs|go|rb|so|txt|htm|html|json|css|cpp|exe|zip|tar|xml|yml|yaml|pdf|png)))"
-    uR"((?<!\.(?:jpg|svg|doc|docx|xls|xlsx|csv|log|conf|cfg|ini|com|org|net|dk|io|dev|co))(?<=\p{L}.{0,60}))"_s;
+    uR"((?<!\.(?:jpg|svg|doc|docx|xls|xlsx|csv|log|conf|cfg|ini|com|org|net|dk|io|dev|co))(?<=\p{L}.{0,60}))"
+    uR"((?<!\.(?:php|jsp|aspx?|java|vue|yaml|toml|tsx|jsx|scss|sql|swift|kt|lua|bat|lock|env|gif|mp[34]|gz)))"_s;
+/// "v1.2 docs.example.com", "on my_own example.com"
+const QString notVersionOrWord = uR"((?!v?\d|(?:my|our|your|is|has|get|set|self|this)_))"_s;
+/// Nobody's post goes there.
+const QString notCodeHost =
+    uR"((?!(?:(?:www|gist|api)\.)?(?:github|gitlab|bitbucket|codeberg|stackoverflow|linkedin|twitter|youtube)\.))"_s;
 
 struct Expressions {
     std::vector<RegularExpression> emails;
@@ -59,6 +73,10 @@ struct Expressions {
 private:
     Expressions() {
         const QString emailPatterns[] = {
+            // The underscore of the name is gone, and maybe the sign behind it: "mark price&parcelio.de"
+            // fills a cell.
+            cellStart + notVerb + uR"([a-z]{3,20}\s[a-z]{2,30}[&©®€£¢§¤@])"_s + domain +
+                uR"((?=\s*(?:$|\t)))"_s,
             // A blank was read into the name.
             uR"((?<![\p{L}\p{N}._%+@/\\])[\p{L}\p{N}]{2,30}[_-]\s)"_s + local + u'@' + domain,
             uR"((?<![\p{L}\p{N}._%+@/\\])(?-i:\p{Ll})[\p{L}\p{N}]{2,30}\.\s)"_s + word + u'@' + domain,
@@ -72,8 +90,10 @@ private:
             beforeLocal + local + uR"(@\s)"_s + domain,
             beforeLocal + compound + uR"(\s@\s?)"_s + domain,
             // None: a blank behind "jonas_ravn", or a letter in "aniya_erdmanebrightloom.com".
-            beforeLocal + compound + notFile + uR"(\s)"_s + domain,
-            beforeLocal + uR"((?=[\p{L}\p{N}.-]{1,60}_))"_s + local + uR"(_[\p{L}\p{N}-]{3,60}\.)"_s + ending,
+            beforeLocal + notVersionOrWord + compound + notFile + uR"(\s)"_s + notCodeHost + domain,
+            // In front of the ending of a country it is the member of something in a program.
+            beforeLocal + uR"((?=[\p{L}\p{N}.-]{1,60}_))"_s + local +
+                uR"(_[\p{L}\p{N}-]{3,60}\.(?:com|net|org|dk|eu|example)(?![\p{L}\p{N}(_\[]|\.\p{L}|\s?=))"_s,
             // The dot of the domain is gone or another sign, or what follows it is cut off.
             beforeLocal + local + uR"(@[\p{L}\p{N}-]{2,40}(?:[,;:·_]\s?|\s|\.\s))"_s + ending,
             beforeLocal + uR"((?=[\p{L}.]*[._\d]))"_s + local +

@@ -19,6 +19,7 @@ TEST(MisreadLinkFinder, FindsAddressesWithAWrongSignABlankOrAnEndCutOff) {
         {"Write to anna.berg&parcelio.dk today", "anna.berg&parcelio.dk"},
         {"or aniya_erdmanebrightloom.com, she", "aniya_erdmanebrightloom.com"},
         {"jonas_ravn zoho.eu", "jonas_ravn zoho.eu"},
+        {"mark price&parcelio.dk", "mark price&parcelio.dk"},
         {"joan66@gnmucnet", "joan66@gnmucnet"},
         {"😀 anna@parcelio,dk", "anna@parcelio,dk"},
         {"label to annette. laursen@parcelio.dk", "annette. laursen@parcelio.dk"},
@@ -36,11 +37,31 @@ TEST(MisreadLinkFinder, FindsAddressesWithAWrongSignABlankOrAnEndCutOff) {
 }
 
 TEST(MisreadLinkFinder, LeavesCodeVersionsAndSumsAlone) {
-    for (const char* line :
-         {"user@host", "git@github", "lodash.merge@latest", "deploy.bot@web01:~$", "notes.txt example.com",
-          "well-known example.com", "my_module.close()", "see https: // comment", "default: //nothing",
-          "10.0.0.1", "version 1.12.0.4", "2025.05.30.4", "55.6761,12.5683", "1,234.567,89", "10.30, 12.45",
-          "12:30:45", "std::chrono::seconds", "3c:22:fb:9a:01:7e"})
+    for (const char* line : {"user@host",
+                             "git@github",
+                             "lodash.merge@latest",
+                             "deploy.bot@web01:~$",
+                             "notes.txt example.com",
+                             "well-known example.com",
+                             "my_module.close()",
+                             "see https: // comment",
+                             "default: //nothing",
+                             "10.0.0.1",
+                             "version 1.12.0.4",
+                             "2025.05.30.4",
+                             "55.6761,12.5683",
+                             "1,234.567,89",
+                             "10.30, 12.45",
+                             "12:30:45",
+                             "std::chrono::seconds",
+                             "3c:22:fb:9a:01:7e",
+                             "data_frame.at[0]",
+                             "row.user_info.no",
+                             "user_data.com = 3",
+                             "index.php example.com",
+                             "v1.2 docs.example.com",
+                             "on my_own example.com",
+                             "john_smith github.com"})
         EXPECT_EQ(linksIn(line), std::vector<std::string>{}) << line;
 }
 
