@@ -19,8 +19,8 @@ const QString date = uR"((?:\d{1,2}(?:st|nd|rd|th)?\.?\s?(?:of\s|de\s)?)"_s + mo
                      u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + year +
                      uR"(|\d{1,2}[./-]\s?\d{1,2}[./-]\s?(?:)"_s + year + uR"(|\d{2})|)"_s + year +
                      uR"([./-]\d{1,2}[./-]\d{1,2}))"_s;
-/// The years in which the owners of most documents were born.
-const QString pastYear = uR"((?:19[2-9]\d|200\d|201[0-7]))"_s;
+/// The years in which the owners of most documents were born, and few other things happened.
+const QString pastYear = uR"((?:19[2-9]\d|200[0-4]))"_s;
 
 struct Expressions {
     /// Group 1 of each is the date or the number.
@@ -45,7 +45,7 @@ struct Expressions {
         uR"(|tax|health|patient|sundhedskort|personnummer|tin)(?:[- ]?(?:card|no|nr|number|nummer|id))*\.?\s*:?\t\s*)"
         uR"(([\p{L}\d][\p{L}\d \-/]{4,18}\d[\p{L}\d \-/]{0,6})\s*$)"};
     RegularExpression bank{
-        uR"((?<![\p{L}])(?:reg(?:istrerings)?[.\s-]{0,2}(?:nr|nummer|no)?|sort\s?code)[.:\s]{0,3}(\d{4}|\d\d[- ]\d\d[- ]\d\d)(?![\d.,]))"};
+        uR"((?<![\p{L}])(?:reg(?:istrerings)?[.\s-]{0,2}(?:nr|nummer|no)|reg(?!\W{0,4}(?:19|20)\d\d)|sort\s?code)[.:\s]{0,3}(\d{4}|\d\d[- ]\d\d[- ]\d\d)(?![\d.,/]))"};
     RegularExpression britishInsurance{
         uR"((?<![A-Za-z\d])((?:QQ|[A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z])\s?\d\d\s?\d\d\s?\d\d\s?[A-D]c?)(?![A-Za-z\d]))",
         RegularExpression::CaseSensitivity::sensitive};
@@ -54,11 +54,13 @@ struct Expressions {
     RegularExpression civil{
         uR"((?<![\d.,/-])((?:[0-2]\d|3[01])(?:0\d|1[0-2])\d\d(?:\s?[-–—_~]{1,3}\s?|[.:=])\d{4})(?![\d/-]|[.,]\d))"};
 
-    /// A passport, or what is as long as one.
-    RegularExpression lettered{uR"((?<![\w-])([A-Z]{1,3}\d{7,9})(?![\w-]))",
-                               RegularExpression::CaseSensitivity::sensitive};
+    /// A passport, or what is as long as one, but neither a ticket nor an order.
+    RegularExpression lettered{
+        uR"((?<![\w-])(?!(?:INC|PO|SR|CHG|INV|REQ|SO|RMA|TKT|RITM|TASK|PRB|ORD|REF|WO|CR|BUG|FA)\d))"
+        uR"(([A-Z]{1,3}\d{7,9})(?![\w-]))",
+        RegularExpression::CaseSensitivity::sensitive};
     /// Where nothing else stands: no day is that late in the month.
-    RegularExpression sortCode{uR"((?<=^|\t)\s*(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};
+    RegularExpression sortCode{uR"((?<=^|\t)\s{0,3}(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};
 
     /// Cards and accounts of which a digit may have been misread, so that no check of theirs holds.
     RegularExpression card{

@@ -31,6 +31,10 @@ TEST(PersonalNumberFinder, FindsDatesOfBirthAndNumbersBehindTheirLabels) {
         {"12 March 2025", {}},
         {"On 6 February 1973 they met", {}},
         {"Paid 14.02.2025, 1.2.1999.4", {}},
+        {"Born\t17.02.2015", {"17.02.2015"}},
+        {"Updated 10.11.2016 (May 12, 2011)", {}},
+        {"INC0012345", {}},
+        {"Reg. 2016/679, reg. 2024", {}},
         {"The passport\tof 2019", {}},
     };
     for (const auto& [utf8, numbers] : rows) {
