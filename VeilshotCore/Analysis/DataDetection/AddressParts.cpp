@@ -23,7 +23,7 @@ QString city() {
 }
 
 QString beforeName() {
-    return uR"((?<![\w@/.\-]))"_s;
+    return uR"((?<![\w@/.\-]|\w['’]))"_s;
 }
 
 QString beforeNumber() {
@@ -85,6 +85,10 @@ QString continentalPostcode() {
 
 QString swedishPostcode() {
     return uR"(\d{3}\s\d{2})"_s;
+}
+
+QString hyphenatedPostcode() {
+    return uR"((?:\d\d-\d{3}|\d{4}-\d{3}))"_s;
 }
 
 } // namespace Veilshot::AddressParts

@@ -37,5 +37,7 @@ QString australianPostcode();
 QString canadianPostcode();
 QString continentalPostcode();
 QString swedishPostcode();
+/// "00-681", "1200-109".
+QString hyphenatedPostcode();
 
 } // namespace Veilshot::AddressParts

@@ -32,7 +32,7 @@ QString frenchAddress() {
 
 QString streetBehindItsType() {
     return beforeName() +
-           uR"((?:Calle|Rue|Chaussée|Avenue|Boulevard|Alameda|Plaza|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
+           uR"((?:Calle|Rue|Chaussée|Avenue|Boulevard|Alameda|Plaza(?!\s+(?:Suite|Unit|Floor|Level|Room|Apt)\b)|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via(?!\s+(?:e-?mail|Mail|SMS|App|API|Web|Phone|Zoom|Teams|Slack|Chat|Port|Link|USB|WiFi|Email|E-[Mm]ail)\b)|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
            uR"((?:(?:de|dei|del|della|delle|di|da|do|dos|la|las|los|el)\s+){0,2})"_s +
            name() + uR"((?:\s+)"_s + name() +
            uR"(){0,2},?\s+\d{1,4}(?:\s?(?!m\.)[A-Za-z]\b|/\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
@@ -78,7 +78,8 @@ const QString notOtherWords =
 /// Nouns that only end like a street.
 const QString notNoun =
     uR"((?!(?i:genvej|omvej|udvej|motorvej|adgangsvej|spilleplads|siddeplads|brigade|renegade)"
-    uR"(|parkeringsplads|arbejdsplads)\s))"_s;
+    uR"(|parkeringsplads|arbejdsplads|blo[ck]+ade|(?:national|data|spare|handels|folke|blod|andels|viden|idé)banken)"
+    uR"(|[a-z]{2,12}-kanalen|(?:youtube|nyheds|salgs|musik|sports|kommunikations)kanalen)\s))"_s;
 
 QString nordicStreet() {
     const QString stem = uR"([A-ZÆØÅÄÖ][\w'’.\-]{0,40}?)"_s;
@@ -111,10 +112,19 @@ QString streetByItsPlace() {
            nordicNumber;
 }
 
+/// "Chapter 3, 2020 Edition" is not in a town that has this postcode.
+const QString notYear =
+    uR"((?!(?:19|20)\d\d\s(?!(?:Frederiksberg|København|Kbh|Lillestrøm|Antwerpen|Neuchâtel|Sion|Martigny)\b)))"_s;
+/// What is counted or has versions: "Column 7, 1200 Rows".
+const QString notCounted =
+    uR"((?!(?i:(?:\w+\s+){0,3}(?:chapter|column|row|line|page|figure|table|section|part|step|level|stage|phase)"
+    uR"(|version|model|invoice|order|ticket|windows|ios|android|macos|iphone|galaxy|season|episode|volume|issue)"
+    uR"(|week|day|round|group|team|kapitel|kolonne|side|figur|tabel|afsnit|trin|faktura|ordre|uge|dag|hold)\s\d)))"_s;
+
 QString continentalAddress() {
-    return beforeName() + notOtherWords + u"(?:"_s + name() + uR"(\s+){0,3})"_s + name() +
+    return beforeName() + notOtherWords + notCounted + u"(?:"_s + name() + uR"(\s+){0,3})"_s + name() +
            uR"(\s+\d{1,3}\s?[A-Za-z]?(?:/\d{1,3})?)"_s + optional(uR"(,\s*)"_s + floor()) + uR"(,\s*)"_s +
-           anyOf({continentalPostcode(), swedishPostcode(), uR"(\d\d-\d{3}|\d{4}-\d{3})"_s}) + uR"(\s+)"_s +
+           notYear + anyOf({continentalPostcode(), swedishPostcode(), hyphenatedPostcode()}) + uR"(\s+)"_s +
            city();
 }
 

@@ -4,8 +4,10 @@
 
 namespace Veilshot {
 
-/// What is an address by itself as it is written in Denmark, Norway, Sweden, Germany and France, as
-/// expressions for case-sensitive matching: streets with their number, with or without a town.
+/// What is an address by itself as it is written on the continent of Europe (Denmark, Norway, Sweden,
+/// Finland, Iceland, Germany, the Netherlands, Poland, France, Italy, Spain, Portugal), as expressions for
+/// case-sensitive matching: streets with their number, with or without a town. And what names the blocks of
+/// Japan, which number their houses in the same way round.
 QStringList continentalAddresses();
 
 } // namespace Veilshot

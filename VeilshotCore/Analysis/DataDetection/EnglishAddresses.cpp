@@ -19,7 +19,17 @@ const QString streetType =
     u"|Run|Bend|Ridge|Commons|Embankment|Approach|Vale|Mount"_s;
 /// Words that end the name of a street, and many another name too: only where nothing else stands.
 const QString rareStreetType =
-    u"Acre|Acres|Arcade|Bay|Beach|Bluff|Brae|Bridge|Brook|Brow|Bypass|Canyon|Causeway|Chase|Cliff|Circus|Common|Cove|Creek|Croft|Cross|Crossing|Crossroads|Dale|Dell|Dene|Downs|Estates|Expressway|Falls|Farm|Ferry|Ford|Forge|Fork|Freeway|Garth|Glade|Glen|Grange|Harbor|Harbour|Haven|Heath|Heights|Hills|Hollow|Holme|Hts|Hurst|Island|Isle|Junction|Knoll|Knolls|Lake|Lakes|Landing|Lawn|Lea|Leas|Lodge|Mall|Manor|Marsh|Mead|Meadow|Meadows|Mill|Mills|Moor|Motorway|Nook|Orchard|Oval|Overlook|Paddock|Park|Passage|Pines|Pointe|Pond|Prairie|Promenade|Ranch|Rapids|Reach|Ridings|Shoal|Shore|Shores|Sands|Spinney|Springs|Spur|Strand|Summit|Trace|Trafficway|Throughway|Tunnel|Valley|Viaduct|Village|Villas|Vista|Wells|Wood|Woods|Wynd"_s;
+    u"Acre|Acres|Bluff|Brae|Brook|Brow|Causeway|Chase|Cliff|Cove|Creek|Croft|Crossroads|Dale|Dell|Dene"
+    u"|Downs|Expressway|Forge|Garth|Glade|Glen|Grange|Haven|Heath|Hollow|Holme|Hts|Hurst|Knoll|Knolls"
+    u"|Lawn|Lea|Leas|Manor|Marsh|Mead|Meadow|Meadows|Mill|Mills|Moor|Nook|Orchard|Overlook|Paddock|Pines"
+    u"|Pointe|Prairie|Rapids|Reach|Ridings|Sands|Shoal|Spinney|Spur|Strand|Throughway|Trafficway|Viaduct"
+    u"|Villas|Wells|Wood|Woods|Wynd"_s;
+/// And those that are often counted: "3 National Park", "2 Shopping Mall".
+const QString countedStreetType =
+    u"Arcade|Bay|Beach|Bridge|Bypass|Canyon|Circus|Common|Cross|Crossing|Estates|Falls|Farm|Ferry|Ford"
+    u"|Fork|Freeway|Harbor|Harbour|Heights|Hills|Island|Isle|Junction|Lake|Lakes|Landing|Lodge|Mall"
+    u"|Motorway|Oval|Park|Passage|Pond|Promenade|Ranch|Shore|Shores|Springs|Summit|Trace|Tunnel|Valley"
+    u"|Village|Vista"_s;
 /// "Order ID 10293", "Status OK 20000": states that are words follow a comma.
 const QString wordlikeState = uR"((?:HI|ID|IN|ME|OK|OR)\b)"_s;
 const QString streetWord = uR"([A-Z][\w'’.\-]{0,40}+)"_s;
@@ -104,30 +114,42 @@ QString misreadStreetType() {
 /// "210 Lower Marsh", where nothing else stands.
 QString streetAlone() {
     const QString notYear = uR"((?!(?:19|20)\d\d\s))"_s;
-    return uR"((?<=^|\t|\p{L}:\s|[–—]\s)\s*)"_s + notYear + uR"(\d{1,5}[A-Z]?\s+)"_s + notUnitOfMeasure +
-           optional(compass() + uR"(\s+)"_s) + u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s +
-           anyOf({rareStreetType, misreadStreetType()}) + uR"((?=\s*[,.]?\s*(?:$|\t)|\s*,\s*\p{Lu}\p{Ll}))"_s;
+    const QString start = uR"((?<=^|\t|\p{L}:\s|[–—]\s)\s{0,3})"_s + notYear;
+    const auto name = [](const QString& number, const QString& count) {
+        return number + uR"([A-Z]?\s+)"_s + notUnitOfMeasure + optional(compass() + uR"(\s+)"_s) + u"(?:"_s +
+               streetWord + uR"(\s+))"_s + count;
+    };
+    const QString townFollows = uR"((?=\s*,\s*\p{Lu}\p{Ll}))"_s;
+    const QString end = anyOf({uR"((?=\s*[,.]?\s*(?:$|\t)))"_s, townFollows});
+    const QString counted = anyOf({countedStreetType});
+    return start +
+           anyOf({name(uR"(\d{1,5})"_s, u"{1,3}?"_s) + anyOf({rareStreetType, misreadStreetType()}) + end,
+                  name(uR"(\d{3,5})"_s, u"{1,3}?"_s) + counted + end,
+                  name(uR"(\d{1,2})"_s, u"{2,3}?"_s) + counted + end,
+                  name(uR"(\d{1,2})"_s, QString()) + counted + townFollows});
 }
 
-/// "Rowan Cottage, Shore Rd", "The Old Forge, 5 Sexton’s", "Apt 6C": houses and flats with their street, or
+/// "Rowan Cottage, Shore Rd", "Elm House, 5 Sexton’s": houses with their street. And cottages and apartments
 /// where nothing else stands.
 QString houseOrFlat() {
-    const QString start = uR"((?<=^|\t)\s*)"_s;
+    const QString start = uR"((?<=^|\t)\s{0,3})"_s;
     const QString end = uR"((?=\s*[,.]?\s*(?:$|\t)))"_s;
     const QString words = u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s;
+    const QString dwelling = u"(?:Cottage|Barn|Farm|Mill|Forge|Rectory|Vicarage|Manor|Grange|Farmhouse)"_s;
+    // Those without the number of a street are "Music Hall, Live Drive" too.
+    const QString house = anyOf({dwelling, u"House|Lodge|Villa|Hall"_s});
     const QString notPraise =
         uR"((?!(?:Lovely|Beautiful|Charming|Cozy|Cosy|Perfect|Great|Nice|Amazing|Fantastic|Holiday)"
         uR"(|Guest|Summer|Family|Entire|Private|My|Our|Your|This|Small|Large|New|Luxury)\s))"_s;
     return start +
            anyOf(
-               {words +
-                    uR"((?:Cottage|House|Lodge|Barn|Farm|Mill|Forge|Rectory|Vicarage|Manor|Villa|Grange|Hall|Farmhouse)\s*,\s*)"_s +
-                    anyOf(
-                        {uR"(\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s + streetWord + u"){0,3}"_s,
-                         words + anyOf({streetType}) + uR"(\b)"_s}),
+               {words + house + uR"(\s*,\s*\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s +
+                    streetWord + u"){0,3}"_s,
+                words + dwelling + uR"(\s*,\s*)"_s + words + anyOf({streetType}) + uR"(\b)"_s,
                 notPraise + uR"((?:The\s+)?)"_s + streetWord +
                     uR"(\s+(?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
-                uR"((?:(?:Apt|Apartment|Flat|Suite|Ste)\.?\s?#?\s?\d{1,4}[A-Z]?|Unit\s?\d{1,4}[A-Z]))"_s +
+                uR"((?:Apt|Apartment)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s + end,
+                uR"((?<=(?i:addr|adr|street|unit|line)[^\t]{0,20}\t\s{0,3})(?:Flat|Suite|Ste|Unit)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s +
                     end});
 }
 
@@ -153,7 +175,7 @@ QString misreadBritishPlace() {
         u"(?:A[BL]|B[ABDHLNRST]|C[ABFHMORTVW]|D[ADEGHLNTY]|E[CHNX]|F[KY]|G[LU]|H[ADGPRSUX]|I[GPV]"
         u"|K[ATWY]|L[ADELNSU]|M[EKL]|N[EGNPRW]|O[LX]|P[AEHLOR]|R[GHM]|S[AEGKLMNOPRSTWY]"
         u"|T[ADFNQRSW]|UB|W[ACDFNRSV]|YO)"_s;
-    return uR"((?<=^|\t)\s*\p{Lu}\p{Ll}{2,20}(?:[ -]\p{L}{2,20}){0,3},?\s+)"_s + area +
+    return uR"((?<=^|\t)\s{0,3}\p{Lu}\p{Ll}{2,20}(?:[ -]\p{L}{2,20}){0,3},?\s+)"_s + area +
            uR"(\d{1,2}[A-Z]?\s?[\dOolISB](?=\w?[A-Za-z])[\dA-Za-z]{2}(?=\s*(?:$|\t)))"_s;
 }
 

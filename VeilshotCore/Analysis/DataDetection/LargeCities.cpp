@@ -2,72 +2,104 @@
 
 #include "VeilshotCore/Analysis/DataDetection/TownNames.h"
 
+#include <QString>
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
 namespace Veilshot {
 
 namespace {
 
-/// Those whose postcode stands in front of them. Names that are ordinary words (Nice, Essen, Split) are left
-/// out.
-constexpr QStringView cities =
-    // Norway, Sweden, Finland, Iceland
-    u"oslo, bergen, trondheim, stavanger, drammen, fredrikstad, kristiansand, sandnes, tromsø, sarpsborg, "
-    u"skien, "
-    u"ålesund, sandefjord, haugesund, tønsberg, bodø, hamar, larvik, lillehammer, molde, "
-    u"stockholm, göteborg, malmö, uppsala, västerås, örebro, linköping, helsingborg, jönköping, norrköping, "
-    u"lund, "
-    u"umeå, gävle, borås, södertälje, eskilstuna, halmstad, växjö, karlstad, sundsvall, östersund, "
-    u"trollhättan, "
-    u"luleå, kalmar, kristianstad, karlskrona, skövde, solna, sundbyberg, lidingö, "
-    u"helsinki, espoo, tampere, vantaa, oulu, turku, jyväskylä, lahti, kuopio, pori, kouvola, joensuu, "
-    u"lappeenranta, vaasa, rovaniemi, seinäjoki, helsingfors, esbo, åbo, reykjavík, kópavogur, "
-    u"hafnarfjörður, akureyri, "
-    // Germany, Austria, Switzerland, Belgium, the Netherlands, Luxembourg
-    u"berlin, hamburg, münchen, köln, frankfurt, stuttgart, düsseldorf, leipzig, dortmund, bremen, dresden, "
-    u"hannover, nürnberg, duisburg, bochum, wuppertal, bielefeld, bonn, münster, mannheim, karlsruhe, "
-    u"augsburg, "
-    u"wiesbaden, mönchengladbach, gelsenkirchen, aachen, braunschweig, kiel, chemnitz, magdeburg, freiburg, "
-    u"krefeld, "
-    u"halle, mainz, erfurt, lübeck, oberhausen, rostock, kassel, potsdam, saarbrücken, oldenburg, osnabrück, "
-    u"heidelberg, darmstadt, regensburg, würzburg, göttingen, flensburg, schwerin, ulm, jena, trier, "
-    u"wien, graz, linz, salzburg, innsbruck, klagenfurt, zürich, genève, basel, bern, lausanne, winterthur, "
-    u"luzern, "
-    u"lugano, bruxelles, brussel, antwerpen, gent, liège, brugge, namur, leuven, charleroi, luxembourg, "
-    u"amsterdam, rotterdam, utrecht, eindhoven, groningen, tilburg, almere, breda, nijmegen, apeldoorn, "
-    u"haarlem, "
-    u"arnhem, amersfoort, enschede, zwolle, leiden, maastricht, dordrecht, delft, den haag, "
-    u"'s-hertogenbosch, "
-    // France, Spain, Portugal, Italy
-    u"paris, marseille, lyon, toulouse, nantes, montpellier, strasbourg, bordeaux, lille, rennes, reims, "
-    u"toulon, "
-    u"saint-étienne, grenoble, dijon, angers, nîmes, villeurbanne, clermont-ferrand, le mans, "
-    u"aix-en-provence, brest, "
-    u"tours, amiens, limoges, annecy, perpignan, besançon, metz, orléans, rouen, mulhouse, caen, nancy, "
-    u"avignon, "
-    u"madrid, barcelona, valencia, sevilla, zaragoza, málaga, murcia, palma, bilbao, alicante, córdoba, "
-    u"valladolid, "
-    u"vigo, gijón, granada, oviedo, san sebastián, pamplona, salamanca, santander, lisboa, porto, braga, "
-    u"coimbra, "
-    u"funchal, setúbal, faro, roma, milano, napoli, torino, palermo, genova, bologna, firenze, bari, "
-    u"catania, venezia, "
-    u"verona, messina, padova, trieste, taranto, brescia, parma, prato, modena, reggio, perugia, livorno, "
-    u"ravenna, "
-    u"cagliari, rimini, ferrara, salerno, pisa, bergamo, trento, bolzano, siena, lucca, "
-    // The east and the south-east
-    u"warszawa, kraków, łódź, wrocław, poznań, gdańsk, szczecin, bydgoszcz, lublin, białystok, katowice, "
-    u"gdynia, "
-    u"częstochowa, radom, toruń, kielce, gliwice, rzeszów, olsztyn, sopot, zakopane, praha, brno, ostrava, "
-    u"plzeň, "
-    u"olomouc, liberec, bratislava, košice, budapest, debrecen, szeged, bucurești, cluj-napoca, timișoara, "
-    u"iași, "
-    u"brașov, sofia, plovdiv, varna, beograd, novi sad, zagreb, rijeka, ljubljana, maribor, sarajevo, "
-    u"skopje, tirana, "
-    u"tallinn, tartu, riga, vilnius, kaunas, klaipėda, athina, thessaloniki";
+/// The cities of countries whose postcodes look the same and stand in front of the town.
+struct Cities {
+    /// With nines for digits and A for letters.
+    QStringView postcodes;
+    TownNames names;
+};
+
+/// Names that are ordinary words (Nice, Essen, Split) are left out.
+const std::array<Cities, 7>& cities() {
+    static const std::array<Cities, 7> cities{{
+        // Norway, Austria, Switzerland, Belgium, Luxembourg, Hungary, Bulgaria, Slovenia, North Macedonia,
+        // Albania,
+        // Latvia
+        {u"9999",
+         TownNames(
+             u"oslo, bergen, trondheim, stavanger, drammen, fredrikstad, kristiansand, sandnes, tromsø, "
+             u"sarpsborg, skien, ålesund, sandefjord, haugesund, tønsberg, bodø, hamar, larvik, lillehammer, "
+             u"molde, wien, graz, linz, salzburg, innsbruck, klagenfurt, zürich, genève, basel, bern, "
+             u"lausanne, winterthur, luzern, lugano, bruxelles, brussel, antwerpen, gent, liège, brugge, "
+             u"namur, leuven, charleroi, luxembourg, budapest, debrecen, szeged, sofia, plovdiv, varna, "
+             u"ljubljana, maribor, skopje, tirana, riga")},
+        // Sweden, the Czech Republic, Slovakia, Greece
+        {u"999 99, 99999",
+         TownNames(
+             u"stockholm, göteborg, malmö, uppsala, västerås, örebro, linköping, helsingborg, jönköping, "
+             u"norrköping, lund, umeå, gävle, borås, södertälje, eskilstuna, halmstad, växjö, karlstad, "
+             u"sundsvall, östersund, trollhättan, luleå, kalmar, kristianstad, karlskrona, skövde, solna, "
+             u"sundbyberg, lidingö, praha, brno, ostrava, plzeň, olomouc, liberec, bratislava, košice, "
+             u"athina, "
+             u"thessaloniki")},
+        // Germany, France, Spain, Italy, Finland, Estonia, Lithuania, Serbia, Croatia, Bosnia
+        {u"99999",
+         TownNames(
+             u"helsinki, espoo, tampere, vantaa, oulu, turku, jyväskylä, lahti, kuopio, pori, kouvola, "
+             u"joensuu, lappeenranta, vaasa, rovaniemi, seinäjoki, helsingfors, esbo, åbo, berlin, hamburg, "
+             u"münchen, köln, frankfurt, stuttgart, düsseldorf, leipzig, dortmund, bremen, dresden, "
+             u"hannover, "
+             u"nürnberg, duisburg, bochum, wuppertal, bielefeld, bonn, münster, mannheim, karlsruhe, "
+             u"augsburg, "
+             u"wiesbaden, mönchengladbach, gelsenkirchen, aachen, braunschweig, kiel, chemnitz, magdeburg, "
+             u"freiburg, krefeld, halle, mainz, erfurt, lübeck, oberhausen, rostock, kassel, potsdam, "
+             u"saarbrücken, oldenburg, osnabrück, heidelberg, darmstadt, regensburg, würzburg, göttingen, "
+             u"flensburg, schwerin, ulm, jena, trier, paris, marseille, lyon, toulouse, nantes, montpellier, "
+             u"strasbourg, bordeaux, lille, rennes, reims, toulon, saint-étienne, grenoble, dijon, angers, "
+             u"nîmes, villeurbanne, clermont-ferrand, le mans, aix-en-provence, brest, tours, amiens, "
+             u"limoges, "
+             u"annecy, perpignan, besançon, metz, orléans, rouen, mulhouse, caen, nancy, avignon, madrid, "
+             u"barcelona, valencia, sevilla, zaragoza, málaga, murcia, palma, bilbao, alicante, córdoba, "
+             u"valladolid, vigo, gijón, granada, oviedo, san sebastián, pamplona, salamanca, santander, "
+             u"roma, "
+             u"milano, napoli, torino, palermo, genova, bologna, firenze, bari, catania, venezia, verona, "
+             u"messina, padova, trieste, taranto, brescia, parma, prato, modena, reggio, perugia, livorno, "
+             u"ravenna, cagliari, rimini, ferrara, salerno, pisa, bergamo, trento, bolzano, siena, lucca, "
+             u"beograd, novi sad, zagreb, rijeka, sarajevo, tallinn, tartu, vilnius, kaunas, klaipėda")},
+        // the Netherlands
+        {u"9999 AA",
+         TownNames(u"amsterdam, rotterdam, utrecht, eindhoven, groningen, tilburg, almere, breda, nijmegen, "
+                   u"apeldoorn, haarlem, arnhem, amersfoort, enschede, zwolle, leiden, maastricht, "
+                   u"dordrecht, delft, "
+                   u"den haag, 's-hertogenbosch")},
+        // Poland
+        {u"99-999, 99999",
+         TownNames(
+             u"warszawa, kraków, łódź, wrocław, poznań, gdańsk, szczecin, bydgoszcz, lublin, białystok, "
+             u"katowice, gdynia, częstochowa, radom, toruń, kielce, gliwice, rzeszów, olsztyn, sopot, "
+             u"zakopane")},
+        // Portugal
+        {u"9999-999", TownNames(u"lisboa, porto, braga, coimbra, funchal, setúbal, faro")},
+        // Iceland
+        {u"999", TownNames(u"reykjavík, kópavogur, hafnarfjörður, akureyri")},
+    }};
+    return cities;
+}
+
+QString shapeOf(QStringView postcode) {
+    QString shape;
+    for (const QChar character : postcode)
+        shape += character.isDigit() ? u'9' : character.isLetter() ? u'A' : character;
+    return shape;
+}
 
 } // namespace
 
-bool isLargeCity(QStringView name) {
-    static const TownNames names(cities);
-    return names.contains(name);
+bool isLargeCity(QStringView name, QStringView postcode) {
+    const QString shape = shapeOf(postcode);
+    return std::ranges::any_of(cities(), [&](const Cities& ofCountries) {
+        return ofCountries.postcodes.split(u", "_s).contains(shape) && ofCountries.names.contains(name);
+    });
 }
 
 } // namespace Veilshot

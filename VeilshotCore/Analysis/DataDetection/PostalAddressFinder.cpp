@@ -8,6 +8,9 @@
 #include <QString>
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -28,8 +31,8 @@ bool isYear(QStringView postcode) {
     return number >= 1900 && number < 2100;
 }
 
-/// A year is one, except in front of the two cities that have these postcodes. In
-/// lower case the short towns are words (ringe, varde).
+/// What looks like a year is a postcode in front of the two cities only that have such. In lower case the
+/// short towns are words (ringe, varde).
 bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
     constexpr qsizetype shortestLowercaseTown = 6;
     const auto [prefix, postcode, first, second] =
@@ -48,16 +51,28 @@ bool isDanishPlace(QStringView line, const RegularExpression::Match& match) {
 
 bool isEuropeanPlace(QStringView line, const RegularExpression::Match& match) {
     const auto [postcode, first, second] = std::array{match.groups[0], match.groups[1], match.groups[2]};
-    if (isYear(line.sliced(postcode.location, postcode.length)))
+    const QStringView code = line.sliced(postcode.location, postcode.length);
+    if (isYear(code))
         return false;
-    return isLargeCity(line.sliced(first.location, first.length)) ||
-           (second.location >= 0 && isLargeCity(line.sliced(first.location, second.end() - first.location)));
+    return isLargeCity(line.sliced(first.location, first.length), code) ||
+           (second.location >= 0 &&
+            isLargeCity(line.sliced(first.location, second.end() - first.location), code));
+}
+
+TextRange withoutBlanksAround(QStringView line, TextRange range) {
+    while (range.length > 0 && line[range.location].isSpace())
+        range = {range.location + 1, range.length - 1};
+    while (range.length > 0 && line[range.end() - 1].isSpace())
+        --range.length;
+    return range;
 }
 
 std::vector<TextRange> anchors(QStringView line, const PostalAddressGrammar& grammar) {
     std::vector<TextRange> anchors;
-    for (const RegularExpression& expression : grammar.anchors)
-        std::ranges::copy(expression.ranges(line), std::back_inserter(anchors));
+    for (const RegularExpression& expression : grammar.anchors) {
+        for (const TextRange range : expression.ranges(line))
+            anchors.push_back(withoutBlanksAround(line, range));
+    }
     for (const auto& match : grammar.danishPlace.matches(line)) {
         if (isDanishPlace(line, match))
             anchors.push_back(match.range);
@@ -112,11 +127,14 @@ TextRange grownLeft(QStringView line, TextRange address, const PostalAddressGram
             address = united(address, {from + match->groups[0].location, match->groups[0].length});
         return match.has_value();
     };
-    bool hasUnit = false;
-    while (grownOver(grammar.precedingUnit))
-        hasUnit = true;
-    if (!hasUnit)
-        grownOver(grammar.precedingHouse);
+    const auto grownOverUnits = [&] {
+        const qsizetype start = address.location;
+        while (grownOver(grammar.precedingUnit)) {
+        }
+        return address.location < start;
+    };
+    if (!grownOverUnits() && grownOver(grammar.precedingHouse))
+        grownOverUnits();
     return address;
 }
 

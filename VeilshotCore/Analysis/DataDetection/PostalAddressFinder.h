@@ -8,7 +8,7 @@
 namespace Veilshot {
 
 /// Finds postal addresses as they are written in the United States, the United Kingdom and Denmark, and the
-/// common forms of Canada, Ireland, Norway, Sweden, Germany and France.
+/// common forms of Canada, Ireland, Australia, the other countries of Europe and Japan.
 ///
 /// A street with its number, a town with its postcode and a post-office box each count alone. What stands
 /// beside one (house, floor, flat, town, country) belongs to it.

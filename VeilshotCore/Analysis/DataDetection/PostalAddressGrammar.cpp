@@ -4,6 +4,7 @@
 #include "VeilshotCore/Analysis/DataDetection/ContinentalAddresses.h"
 #include "VeilshotCore/Analysis/DataDetection/EnglishAddresses.h"
 
+#include <QString>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -67,17 +68,17 @@ PostalAddressGrammar::PostalAddressGrammar()
       danishPlace(compiled(
           uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå](?:\w{1,3}\.|\w{1,40}+)))"_s +
           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s + uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
-      europeanPlace(compiled(
-          uR"((?<![\w@.,#:\-])(?:[A-Z]{1,3}-\s?)?(\d{5}|\d{3}\s\d\d|\d\d-\d{3}|\d{4}-\d{3}|\d{4}(?:\s[A-Z]{2})?)"
-          uR"(|101(?=\s+R)))"
-          uR"(\s+(\p{Lu}[\p{L}'’\-]{1,30}+)(?:\s(\p{Lu}[\p{L}'’\-]{1,30}+))?)"_s)),
+      europeanPlace(compiled(uR"((?<![\w@.,#:\-])(?:[A-Z]{1,3}-\s?)?()"_s +
+                             anyOf({uR"(\d{5})"_s, swedishPostcode(), hyphenatedPostcode(),
+                                    uR"(\d{4}(?:\s[A-Z]{2})?)"_s, uR"(101(?=\s+R))"_s}) +
+                             uR"()\s+(\p{Lu}[\p{L}'’\-]{1,30}+)(?:\s(\p{Lu}[\p{L}'’\-]{1,30}+))?)"_s)),
       continuations(compiled({floor(), unit()}, separatorOfUnit)),
       places(compiled(placePatterns(), separator)),
       area(compiled(uR"(\s*,\s*)"_s + city() + uR"((?=\s*,))"_s)),
       lastArea(compiled(uR"(\s*,\s*)"_s + city() + uR"((?:\s+\d{1,4})?)"_s + cellEnd)),
       precedingUnit(compiled(u'(' + unit() + uR"(\s*,?\s*)$)"_s)),
       precedingHouse(compiled(
-          uR"((?:^|(?<=[:\-–—•>]\s))((?!(?:Mr|Mrs|Ms|Dr|Ship|Deliver|Visit|Send|Adr|Addr|Adresse|Address)\b))"_s +
+          uR"((?:^|(?<=[:\-–—•>]\s)|(?<=(?:Unit|Suite|Flat|Apt|Floor|Room)\s\w{1,4},\s))((?!(?:Mr|Mrs|Ms|Dr|Ship|Deliver|Visit|Send|Adr|Addr|Adresse|Address)\b))"_s +
           anyOf({unit(), uR"((?:The\s+)?)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}"_s}) +
           uR"(\s*,\s*)$)"_s)) {}
 

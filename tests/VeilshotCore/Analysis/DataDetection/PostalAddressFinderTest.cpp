@@ -88,6 +88,8 @@ TEST(PostalAddressFinder, FindsAddressesInsideALine) {
         {"😀 (251) 644-7030 7900 Broadway,St. Louis,MO63145", {"7900 Broadway,St. Louis,MO63145"}},
         {"+45 1 Pkwy 168 Commerce Pkwy,Suite236, Chattancog: 125,00",
          {"168 Commerce Pkwy,Suite236, Chattancog"}},
+        {"Site Unit 4, Creekside Yard, Wivenhoe CO7 9ZD", {"Unit 4, Creekside Yard, Wivenhoe CO7 9ZD"}},
+        {"Address line 2\t Flat 2", {"Flat 2"}},
         {"3000 Helsingør. Ring på hos Jensen", {"3000 Helsingør"}},
         {"Tirsdag 5. maj 2024, 8000 Aarhus C", {"8000 Aarhus C"}},
     };
@@ -131,6 +133,18 @@ TEST(PostalAddressFinder, LeavesOtherNumberedThingsAlone) {
                              "12500 Followers",
                              "2012 Oslo",
                              "12-05-24 Monday",
+                             "Chapter 3, 2020 Edition",
+                             "Column 7, 1200 Rows",
+                             "Sunset 3, 2024 Budget",
+                             "5000 Madrid",
+                             "1200 Lund",
+                             "2 Shopping Mall",
+                             "3D Printing Village",
+                             "Suite 12",
+                             "Music Hall, Live Drive",
+                             "Via Email 2",
+                             "TV-kanalen 2",
+                             "Blockade 2",
                              "Order 10293847"})
         EXPECT_EQ(addressesIn(line), std::vector<std::string>{}) << line;
 }
