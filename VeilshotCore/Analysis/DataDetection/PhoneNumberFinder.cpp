@@ -57,9 +57,8 @@ struct Expressions {
     }
 };
 
-std::vector<TextRange> pieces(QStringView line) {
-    std::vector<TextRange> pieces;
-    qsizetype start = 0;
+/// What `line` has from `start` on.
+void appendPieces(std::vector<TextRange>& pieces, QStringView line, qsizetype start) {
     while (line.size() - start > pieceLength) {
         pieces.push_back({start, pieceLength});
         // At a blank, if there is one: the rest of a number that was cut would be taken for part of the next.
@@ -68,6 +67,18 @@ std::vector<TextRange> pieces(QStringView line) {
         start = earliest + std::max<qsizetype>(0, blank);
     }
     pieces.push_back({start, line.size() - start});
+}
+
+/// Without the digits in a row that no number has as many of.
+std::vector<TextRange> pieces(QStringView line) {
+    static const RegularExpression endlessDigits(u"\\d{32,}");
+    std::vector<TextRange> pieces;
+    qsizetype start = 0;
+    for (const TextRange digits : endlessDigits.ranges(line)) {
+        appendPieces(pieces, line.first(digits.location), start);
+        start = digits.end();
+    }
+    appendPieces(pieces, line, start);
     return pieces;
 }
 

@@ -2,7 +2,10 @@
 
 #include "VeilshotCore/Analysis/DataDetection/MisreadSigns.h"
 
+#include <QString>
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace Veilshot {
 
@@ -10,6 +13,15 @@ namespace {
 
 bool contains(TextRange outer, TextRange inner) {
     return outer.location <= inner.location && outer.end() >= inner.end();
+}
+
+/// Whether other numbers stand in the line than did: nothing but digits and the underscores between them are
+/// put right in those.
+bool hasOtherNumbers(const QString& line, const QString& corrected) {
+    const auto digits = [](const QString& text) {
+        return std::ranges::count_if(text, [](QChar character) { return character.isDigit(); });
+    };
+    return digits(line) != digits(corrected) || line.count(u'_') != corrected.count(u'_');
 }
 
 /// Unless it lies within one that is known.
@@ -22,10 +34,14 @@ void addNew(std::vector<DataMatch>& matches, DataMatch match) {
 } // namespace
 
 std::vector<DataMatch> StandardDataDetector::matches(const QString& line) const {
-    std::vector<DataMatch> matches = matchesAsRead(line);
+    std::vector<DataMatch> matches = matchesButPhones(line);
+    std::ranges::move(phones(line), std::back_inserter(matches));
     const RewrittenLine corrected = withoutMisreadSigns(line);
     if (corrected.isChanged()) {
-        for (DataMatch& match : matchesAsRead(corrected.text())) {
+        std::vector<DataMatch> others = matchesButPhones(corrected.text());
+        if (hasOtherNumbers(line, corrected.text()))
+            std::ranges::move(phones(corrected.text()), std::back_inserter(others));
+        for (DataMatch& match : others) {
             match.range = corrected.original(match.range);
             addNew(matches, std::move(match));
         }
@@ -34,18 +50,23 @@ std::vector<DataMatch> StandardDataDetector::matches(const QString& line) const 
     return matches;
 }
 
-std::vector<DataMatch> StandardDataDetector::matchesAsRead(const QString& line) const {
+std::vector<DataMatch> StandardDataDetector::matchesButPhones(const QString& line) const {
     std::vector<DataMatch> matches = m_links.find(line);
     for (DataMatch& link : m_misreadLinks.find(line))
         addNew(matches, std::move(link));
     for (const TextRange range : m_credentials.find(line))
         matches.push_back({DataMatch::Type::link, range, {}});
-    for (const TextRange range : m_phoneNumbers.find(line))
-        matches.push_back({DataMatch::Type::phoneNumber, range, {}});
     for (const TextRange range : m_personalNumbers.find(line))
         matches.push_back({DataMatch::Type::phoneNumber, range, {}});
     for (const TextRange range : m_postalAddresses.find(line))
         matches.push_back({DataMatch::Type::address, range, {}});
+    return matches;
+}
+
+std::vector<DataMatch> StandardDataDetector::phones(const QString& line) const {
+    std::vector<DataMatch> matches;
+    for (const TextRange range : m_phoneNumbers.find(line))
+        matches.push_back({DataMatch::Type::phoneNumber, range, {}});
     return matches;
 }
 

@@ -59,5 +59,19 @@ TEST(StandardDataDetector, SearchesWhatTheLineProbablyWasAndTellsWhereItStands) 
         EXPECT_EQ(StandardDataDetector().matches(code), std::vector<DataMatch>{}) << code.toStdString();
 }
 
+TEST(StandardDataDetector, FindsWhatStandsBehindALongRunOfAnything) {
+    constexpr qsizetype length = 2000;
+    for (const QString& part : {u"ab.c"_s, u"_"_s, u"Ab’"_s, u"\t"_s, u"7"_s, u"1:"_s, u"A1 "_s}) {
+        for (const QString& detail : {u"password=hunter22x"_s, u"anna.berg@parcelio.dk"_s,
+                                      u"+45_ 20 12 34 56"_s, u"Nørrebrogade 12, 2200 København N"_s}) {
+            const QString line = part.repeated(length / part.size()) + u" ; "_s + detail;
+            EXPECT_TRUE(
+                std::ranges::any_of(StandardDataDetector().matches(line),
+                                    [&](const DataMatch& match) { return match.range.end() == line.size(); }))
+                << part.toStdString() << detail.toStdString();
+        }
+    }
+}
+
 } // namespace
 } // namespace Veilshot
