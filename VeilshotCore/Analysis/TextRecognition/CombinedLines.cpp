@@ -87,7 +87,7 @@ bool goesOnInText(const QString& upper, const QString& lower) {
 /// hyphen.
 bool isTornToken(const QString& upper, const QString& lower) {
     static const RegularExpression begunLink(uR"((?:[\w.+-]@|://|www\.)\S*[-./_?&=@]$)");
-    static const RegularExpression restOfLink(uR"(^[\w%~.-]*[\w/](?=\s|$))");
+    static const RegularExpression restOfLink(uR"(^[\w%~.=&?-]*[\w/](?=\s|$))");
     static const RegularExpression begunMailbox(uR"([\p{L}\d]{2}[-._]$)");
     static const RegularExpression restOfMail(uR"(^[\w.+-]+@[\w-]+\.\w)");
     static const RegularExpression begunKey(uR"((?<!\S)(?=\S*\d)[\w-]{8,}-$)");
@@ -228,6 +228,11 @@ void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& upp
     }
 }
 
+void appendWrapped(std::vector<RecognizedLine>& lines, const Part& upper, const Part& lower, QSize image) {
+    if (!hasLabel(upper.text()) && !hasLabel(lower.text()))
+        appendForEach(lines, {upper, lower}, u" "_s, image);
+}
+
 void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
                      QSize image) {
     for (const SegmentReading& lower : readings) {
@@ -240,9 +245,8 @@ void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<Segme
                 appendForEach(lines, {words(1, upper, End::last), words(1, lower, End::first)}, u""_s, image);
             else if (goesOnInCell(upper.text, lower.text))
                 appendForEach(lines, {whole(upper), whole(lower)}, u" "_s, image);
-            else if (isWrapped(upper, lower) && !hasLabel(upper.text) && !hasLabel(lower.text))
-                appendForEach(lines, {fewWords(upper, End::last), fewWords(lower, End::first)}, u" "_s,
-                              image);
+            else if (isWrapped(upper, lower))
+                appendWrapped(lines, fewWords(upper, End::last), fewWords(lower, End::first), image);
             if (!goesOnInText(upper.text, lower.text))
                 appendAddress(lines, upper, lower, readings, image);
         }
