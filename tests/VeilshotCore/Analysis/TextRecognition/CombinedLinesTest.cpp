@@ -80,12 +80,12 @@ TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
     EXPECT_EQ(linesWith({reading(u"Anna Lund"_s, street), reading(u"3400 Hillerød"_s, town)}, town), Texts{});
 }
 
-/// Cells below each other, flush right, 30 pixels from row to row.
+/// Cells below each other, flush right, 30 pixels from row to row, the first a little apart.
 std::vector<SegmentReading> columnOf(const QStringList& cells) {
     std::vector<SegmentReading> readings;
     for (int row = 0; row < cells.size(); ++row) {
         const int width = 8 * static_cast<int>(cells[row].size());
-        readings.push_back(reading(cells[row], {400 - width, 10 + 30 * row, width, 12}));
+        readings.push_back(reading(cells[row], {400 - width, row == 0 ? 10 : 25 + 30 * row, width, 12}));
     }
     return readings;
 }

@@ -80,10 +80,10 @@ TEST(LineReading, KeepsABlankOnlyWhereTheInkHasOne) {
 }
 
 TEST(LineReading, TakesTheFootOfALetterForNoUnderscore) {
-    TextSegment segment = segmentShowing(u"ab cd"_s);
+    TextSegment segment = segmentShowing(u"ab  cd"_s);
     for (int y = 12; y < 14; ++y)
-        std::fill_n(segment.ink.scanLine(y) + 14, 7, uchar(0)); // on the line where letters end
-    EXPECT_EQ(readSegment(segment, symbolsOf(u"ab cd"_s, u"ab cd"_s)).text.toStdString(), "abcd");
+        std::fill_n(segment.ink.scanLine(y) + 15, 8, uchar(0)); // on the line where letters end
+    EXPECT_EQ(readSegment(segment, symbolsOf(u"ab cd"_s, u"ab  cd"_s)).text.toStdString(), "ab cd");
 }
 
 TEST(LineReading, TakesAnUnderlineForNoUnderscore) {
