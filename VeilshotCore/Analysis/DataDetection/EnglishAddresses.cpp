@@ -149,7 +149,7 @@ QString houseOrFlat() {
                 notPraise + uR"((?:The\s+)?)"_s + streetWord +
                     uR"(\s+(?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
                 uR"((?:Apt|Apartment)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s + end,
-                uR"((?<=(?i:addr|adr|street|unit|line)[^\t]{0,20}\t\s{0,3})(?:Flat|Suite|Ste|Unit)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s +
+                uR"((?=[FSU])(?<=(?i:addr|adr|street|unit|line)[^\t]{0,20}\t\s{0,3})(?:Flat|Suite|Ste|Unit)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s +
                     end});
 }
 
