@@ -52,6 +52,11 @@ QString floorWithSide() {
     return uR"((?:st|kl|\d{1,2})\s?\.?\s?(?:sal\b|(?:sal)?\s?,?\s?(?:tv|th|mf)\b)\.?)"_s;
 }
 
+QString country() {
+    return uR"((?:USA|U\.S\.A\.|United States|UK|United Kingdom|England|Scotland|Wales|Ireland|Danmark|Denmark)"
+           uR"(|Sverige|Sweden|Norge|Norway|Deutschland|Germany|Tyskland|France|Canada|Kalaallit Nunaat)\b)"_s;
+}
+
 QString state() {
     return u"(?:A[BKLRZ]|BC|C[AOT]|D[CE]|FL|GA|HI|I[ADLN]|K[SY]|LA|M[ABDEINOST]|N[BCDEHJMSVY]|O[HKNR]|PA|QC"
            u"|RI|S[CDK]|T[NX]|UT|V[AT]|W[AIVY])"_s;

@@ -28,6 +28,7 @@ QString floor();
 /// Only a floor that says so or has a side, which hardly anything else looks like.
 QString floorWithSide();
 
+QString country();
 QString state();
 QString zip();
 /// The strict form with its blank.

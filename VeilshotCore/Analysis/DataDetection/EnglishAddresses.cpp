@@ -129,8 +129,8 @@ QString streetAlone() {
                   name(uR"(\d{1,2})"_s, QString()) + counted + townFollows});
 }
 
-/// "Rowan Cottage, Shore Rd", "Elm House, 5 Sexton’s": houses with their street. And cottages and apartments
-/// where nothing else stands.
+/// "Rowan Cottage, Shore Rd", "Elm House, 5 Sexton’s": houses with their street. And cottages, apartments
+/// and, behind a label or above a country, flats where nothing else stands.
 QString houseOrFlat() {
     const QString start = uR"((?<=^|\t)\s{0,3})"_s;
     const QString end = uR"((?=\s*[,.]?\s*(?:$|\t)))"_s;
@@ -138,19 +138,21 @@ QString houseOrFlat() {
     const QString dwelling = u"(?:Cottage|Barn|Farm|Mill|Forge|Rectory|Vicarage|Manor|Grange|Farmhouse)"_s;
     // Those without the number of a street are "Music Hall, Live Drive" too.
     const QString house = anyOf({dwelling, u"House|Lodge|Villa|Hall"_s});
+    const QString flat = uR"((?:Flat|Suite|Ste|Unit)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s;
+    const QString countryInColumn = uR"((?=(?:\t│\t[^\t]{1,40}){0,3}\t│\t)"_s + country() + u')';
     const QString notPraise =
         uR"((?!(?:Lovely|Beautiful|Charming|Cozy|Cosy|Perfect|Great|Nice|Amazing|Fantastic|Holiday)"
         uR"(|Guest|Summer|Family|Entire|Private|My|Our|Your|This|Small|Large|New|Luxury)\s))"_s;
     return start +
-           anyOf(
-               {words + house + uR"(\s*,\s*\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s +
-                    streetWord + u"){0,3}"_s,
-                words + dwelling + uR"(\s*,\s*)"_s + words + anyOf({streetType}) + uR"(\b)"_s,
-                notPraise + uR"((?:The\s+)?)"_s + streetWord +
-                    uR"(\s+(?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
-                uR"((?:Apt|Apartment)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s + end,
-                uR"((?=[FSU])(?<=(?i:addr|adr|street|unit|line)[^\t]{0,20}\t\s{0,3})(?:Flat|Suite|Ste|Unit)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s +
-                    end});
+           anyOf({words + house + uR"(\s*,\s*\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s +
+                      streetWord + u"){0,3}"_s,
+                  words + dwelling + uR"(\s*,\s*)"_s + words + anyOf({streetType}) + uR"(\b)"_s,
+                  notPraise + uR"((?:The\s+)?)"_s + streetWord +
+                      uR"(\s+(?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
+                  uR"((?:Apt|Apartment)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s + end,
+                  uR"((?=[FSU]))"_s +
+                      anyOf({uR"((?<=(?i:addr|adr|street|unit|line)[^\t]{0,20}\t\s{0,3}))"_s + flat + end,
+                             flat + countryInColumn})});
 }
 
 QString americanPlace() {

@@ -21,6 +21,8 @@ const QString date = uR"((?:\d{1,2}(?:st|nd|rd|th)?\.?\s?(?:of\s|de\s)?)"_s + mo
                      uR"([./-]\d{1,2}[./-]\d{1,2}))"_s;
 /// The years in which the owners of most documents were born, and few other things happened.
 const QString pastYear = uR"((?:19[2-9]\d|200[0-4]))"_s;
+/// And the children, whose list may say so in a heading far above: where nothing but the date stands.
+const QString schoolYear = uR"((?:19[2-9]\d|200\d|201[0-7]))"_s;
 
 struct Expressions {
     /// Group 1 of each is the date or the number.
@@ -30,11 +32,12 @@ struct Expressions {
         u'(' + date + uR"()(?!\d))"_s};
     RegularExpression withAge{u"(?<!\\d)("_s + date +
                               uR"()\s?\((?:age[d]?\s)?\d{1,3}(?:\s?(?:years|yrs|y/o|år)\b|\)))"_s};
-    RegularExpression alone{uR"(^\s*((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s + pastYear +
-                            u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + pastYear + uR"())\s*$)"_s};
+    RegularExpression alone{uR"(^\s*((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s + schoolYear +
+                            u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + schoolYear +
+                            uR"(|\d{1,2}[./-]\d{1,2}[./-])"_s + schoolYear + uR"())\s*$)"_s};
     /// "f. 12. maj 1971", "Age 54 (May 12, 1971)"
     RegularExpression abbreviated{uR"((?<!\S)[fb]\.\s?(\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s +
-                                  pastYear + uR"((?!\d)))"_s};
+                                  schoolYear + uR"((?!\d)))"_s};
     RegularExpression inBrackets{uR"(\(((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + u'|' + month +
                                  uR"(\s\d{1,2}(?:st|nd|rd|th)?,?)\s)"_s + pastYear + uR"()\))"_s};
     RegularExpression inDigits{uR"((?<![\d./-])([0-3]?\d[./-][0-3]?\d[./-])"_s + pastYear +

@@ -17,10 +17,6 @@ using namespace AddressParts;
 
 const QString postBox =
     uR"((?<!\w)(?i:P\.?\s?O\.?\s?Box|Post(?:boks|box|fach|office box))\s+\d{1,6}(?!\w))"_s;
-const QString country =
-    uR"((?:USA|U\.S\.A\.|United States|UK|United Kingdom|England|Scotland|Wales|Ireland|Danmark|Denmark)"
-    uR"(|Sverige|Sweden|Norge|Norway|Deutschland|Germany|Tyskland|France|Canada|Kalaallit Nunaat)\b)"_s;
-
 std::vector<RegularExpression> compiled(const QStringList& patterns, const QString& prefix = {}) {
     std::vector<RegularExpression> expressions;
     for (const QString& pattern : patterns)
@@ -57,7 +53,7 @@ QStringList placePatterns() {
         city() + uR"(,?\s+[A-Z]{1,2}\s+)"_s + digits + misreadDigit + cellEnd,
         city() + uR"(,\s*[A-Z]{1,2})"_s + cellEnd,
         city() + uR"(,?\s+[A-Z]{1,2}\d[\dA-Z]?(?:\s?[\dOIlSBZ][A-Z\d]{0,2})?)"_s + misreadDigit + cellEnd,
-        country,
+        country(),
     };
 }
 

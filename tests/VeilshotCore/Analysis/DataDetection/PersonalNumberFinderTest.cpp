@@ -32,6 +32,7 @@ TEST(PersonalNumberFinder, FindsDatesOfBirthAndNumbersBehindTheirLabels) {
         {"On 6 February 1973 they met", {}},
         {"Paid 14.02.2025, 1.2.1999.4", {}},
         {"Born\t17.02.2015", {"17.02.2015"}},
+        {"17.02.2015", {"17.02.2015"}},
         {"Updated 10.11.2016 (May 12, 2011)", {}},
         {"INC0012345", {}},
         {"Reg. 2016/679, reg. 2024", {}},

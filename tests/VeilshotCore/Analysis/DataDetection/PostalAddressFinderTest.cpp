@@ -90,6 +90,7 @@ TEST(PostalAddressFinder, FindsAddressesInsideALine) {
          {"168 Commerce Pkwy,Suite236, Chattancog"}},
         {"Site Unit 4, Creekside Yard, Wivenhoe CO7 9ZD", {"Unit 4, Creekside Yard, Wivenhoe CO7 9ZD"}},
         {"Address line 2\t Flat 2", {"Flat 2"}},
+        {"Unit 6C\t│\tOregon\t│\tUnited States", {"Unit 6C"}},
         {"3000 Helsingør. Ring på hos Jensen", {"3000 Helsingør"}},
         {"Tirsdag 5. maj 2024, 8000 Aarhus C", {"8000 Aarhus C"}},
     };
