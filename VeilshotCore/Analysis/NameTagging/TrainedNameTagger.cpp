@@ -2,6 +2,7 @@
 
 #include "VeilshotCore/Analysis/NameTagging/NameEvidence.h"
 #include "VeilshotCore/Analysis/NameTagging/NameFeatures.h"
+#include "VeilshotCore/Analysis/NameTagging/NameSections.h"
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
 
 #include <QFile>
@@ -137,6 +138,14 @@ bool isCode(QStringView text) {
     return std::ranges::count_if(text, [](QChar c) { return c.isDigit(); }) > 2;
 }
 
+/// Whether there are no letters beside the name.
+bool fillsSection(TextRange name, QStringView section) {
+    const auto isLetter = [](QChar c) { return c.isLetter(); };
+    return section.sliced(name.location, name.length).contains(u' ') &&
+           std::ranges::none_of(section.first(name.location), isLetter) &&
+           std::ranges::none_of(section.sliced(name.end()), isLetter);
+}
+
 std::vector<TextRange> merged(std::vector<TextRange> ranges) {
     std::ranges::sort(ranges, {}, &TextRange::location);
     std::vector<TextRange> merged;
@@ -158,6 +167,18 @@ TrainedNameTagger::TrainedNameTagger(const QByteArray& model) : m_segmenter(segm
 std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) const {
     if (hasCells(line))
         return namesInCells(line, *this);
+    std::vector<TextRange> names = namesInWhole(line);
+    for (const TextRange section : nameSections(line)) {
+        const QString text = line.sliced(section.location, section.length);
+        for (const TextRange name : namesInWhole(text)) {
+            if (fillsSection(name, text))
+                names.push_back({section.location + name.location, name.length});
+        }
+    }
+    return merged(std::move(names));
+}
+
+std::vector<TextRange> TrainedNameTagger::namesInWhole(const QString& line) const {
     const std::vector<qsizetype> lost = lostBlanks(line);
     if (lost.empty())
         return namesAsWritten(line);
