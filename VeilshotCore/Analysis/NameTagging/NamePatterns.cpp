@@ -23,7 +23,7 @@ bool isOneOf(const NameWord& word, const std::array<std::string_view, count>& wo
 
 /// A capitalized word that is no other word, or one that nobody knows but that is spelt like a name.
 bool isNameLike(const NameWord& word) {
-    constexpr double least = 0;
+    constexpr double least = -1.5;
     const bool isTitle = word.letterCase == LetterCase::title && word.canBeName && word.range.length > 2;
     return isTitle && !word.is(anyMeaning) && (word.is(anyName) || spellingOfName(word.folded) >= least);
 }

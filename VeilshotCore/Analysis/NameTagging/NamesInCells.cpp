@@ -80,8 +80,10 @@ Company companyOf(const std::vector<Cell>& cells, const QString& label) {
     const auto names = std::count_if(begin, cells.end(), [](const Cell& cell) { return cell.isName(); });
     // Otherwise the labels of a form, one below the other.
     const bool isLabelled = std::none_of(begin, cells.end(), [](const Cell& cell) { return cell.isLabel; });
+    const auto likely = std::count_if(begin, cells.end(), [](const Cell& cell) { return cell.mayBeName(); });
+    // Below the label of a form stand other labels, below the header of a column mostly names.
     if (isLabelled && isLabelOfName(label))
-        return Company::names;
+        return 2 * likely >= values ? Company::names : Company::people;
     if (isLabelled && isLabelOfPerson(label) && (names > 0 || values == 1))
         return Company::people;
     return names >= 2 && 5 * names >= 3 * values ? Company::people : Company::mixed;
