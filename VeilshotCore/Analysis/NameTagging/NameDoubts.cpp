@@ -11,8 +11,9 @@ namespace {
 
 using LetterCase = NameToken::LetterCase;
 
-/// Below it, a word nobody knows is rather a Danish noun.
+/// Below it, a word nobody knows is rather a Danish noun; in a sentence its neighbours tell more.
 constexpr double leastSpelling = -3;
+constexpr double leastSpellingInSentence = -5;
 
 struct NameWords {
     size_t first = 0;
@@ -38,7 +39,8 @@ bool isDoubtfulWord(const NameToken& word, QStringView line, const std::vector<N
     const bool looksLikeName = word.letterCase == LetterCase::title;
     const bool isSmall = word.letterCase == LetterCase::lower;
     const bool isShort = word.range.length <= 2 && !(traits & WordTrait::strongFirstName);
-    const bool isSpeltOtherwise = !traits && spellingOfName(word.folded) < leastSpelling;
+    const bool isSpeltOtherwise =
+        !traits && spellingOfName(word.folded) < (fillsLine ? leastSpelling : leastSpellingInSentence);
     return ((hasMeaning || isSmall) && !isName) || isSpeltOtherwise ||
            (fillsLine && (hasMeaning || !looksLikeName || isShort));
 }
@@ -98,8 +100,9 @@ bool isDoubtfulName(TextRange name, QStringView line, const std::vector<NameToke
         return isDoubtfulWord(tokens[words.first], line, tokens);
     // "Moss green": what begins with a capital ends with one.
     const NameToken& closing = tokens[words.last];
-    if (tokens[words.first].letterCase == LetterCase::title && closing.letterCase == LetterCase::lower &&
-        (traitsOf(closing) & anyMeaning))
+    const NameToken& opening = tokens[words.first];
+    if (!traitsOf(opening).testFlag(WordTrait::strongFirstName) && opening.letterCase == LetterCase::title &&
+        closing.letterCase == LetterCase::lower && (traitsOf(closing) & anyMeaning))
         return true;
     const auto first = tokens.begin() + static_cast<ptrdiff_t>(words.first);
     return std::all_of(first, tokens.begin() + static_cast<ptrdiff_t>(words.last) + 1,

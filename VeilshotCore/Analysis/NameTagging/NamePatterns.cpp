@@ -44,7 +44,7 @@ bool isOwner(const NameLexicon& lexicon, const NameLine& line, size_t at) {
         "mum",   "office", "phone",  "number",     "birthday", "mormor",  "farmor",  "kaereste"};
     const NameWord& word = line.word(at);
     const NameWord& next = line.word(at + 1);
-    if (word.letterCase != LetterCase::title || !next.isLower())
+    if (word.letterCase != LetterCase::title || word.is(WordTrait::functionWord) || !next.isLower())
         return false;
     std::string_view key = word.folded;
     if (next.before != WordSeparator::possessive) {
@@ -107,7 +107,8 @@ std::optional<size_t> endOfFormedName(const NameLine& line, size_t at) {
         if (next.before == WordSeparator::comma && isLastNameLike && !word.is(WordTrait::place) &&
             (behind.isLink() || !behind.touches()))
             return last;
-        if (next.touches() && isFirstNameLike(word) && !behind.isLower())
+        const bool isOne = last == at + 1 || line.isFollowedBy(at + 1, u".-");
+        if (next.touches() && isOne && isFirstNameLike(word) && !behind.isLower())
             return last;
     }
     // "P. Gunaratnam".
