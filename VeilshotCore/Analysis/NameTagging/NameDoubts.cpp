@@ -11,9 +11,8 @@ namespace {
 
 using LetterCase = NameToken::LetterCase;
 
-/// Below it, a word nobody knows is rather a Danish noun; in a sentence its neighbours tell more.
+/// Below it, a word nobody knows is rather a Danish noun.
 constexpr double leastSpelling = -3;
-constexpr double leastSpellingInSentence = -5;
 
 struct NameWords {
     size_t first = 0;
@@ -39,10 +38,9 @@ bool isDoubtfulWord(const NameToken& word, QStringView line, const std::vector<N
     const bool looksLikeName = word.letterCase == LetterCase::title;
     const bool isSmall = word.letterCase == LetterCase::lower;
     const bool isShort = word.range.length <= 2 && !(traits & WordTrait::strongFirstName);
-    const bool isSpeltOtherwise =
-        !traits && spellingOfName(word.folded) < (fillsLine ? leastSpelling : leastSpellingInSentence);
-    return ((hasMeaning || isSmall) && !isName) || isSpeltOtherwise ||
-           (fillsLine && (hasMeaning || !looksLikeName || isShort));
+    const bool isSpeltOtherwise = !traits && spellingOfName(word.folded) < leastSpelling;
+    return ((hasMeaning || isSmall) && !isName) ||
+           (fillsLine && (hasMeaning || !looksLikeName || isShort || isSpeltOtherwise));
 }
 
 /// "Tue Jun 10", "Due April 3": months and days alone, or a month in front of its day.

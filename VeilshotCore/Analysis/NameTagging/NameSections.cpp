@@ -18,14 +18,25 @@ bool isRecord(QStringView line) {
     return tight >= 4;
 }
 
+/// Whether the quotation mark encloses a value, as in "name": "Ida Lund", and not a title in a sentence.
+bool isMarkOfValue(QStringView line, qsizetype at) {
+    const QStringView before = line.first(at).trimmed();
+    const QStringView behind = line.sliced(at + 1).trimmed();
+    return before.isEmpty() || behind.isEmpty() || QStringView(u":=,([{").contains(before.back()) ||
+           QStringView(u":;,)]}").contains(behind.front());
+}
+
 /// Where the sign that ends a section at this place ends itself; the place itself if there is none.
 qsizetype endOfSign(QStringView line, qsizetype at, bool isRecord) {
-    constexpr QStringView always = u"·•|│()[]{}<>→»«“”„\"*;";
+    constexpr QStringView always = u"·•|│()[]{}<>→»«*;";
+    constexpr QStringView quotes = u"“”„\"";
     constexpr QStringView betweenBlanks = u"-–—+~/";
     const QChar sign = line[at];
     if (always.contains(sign))
         return at + 1;
     if (betweenBlanks.contains(sign) && isBlankAt(line, at - 1) && isBlankAt(line, at + 1))
+        return at + 1;
+    if (quotes.contains(sign) && isMarkOfValue(line, at))
         return at + 1;
     if (isRecord && (sign == u':' || sign == u','))
         return at + 1;
