@@ -140,6 +140,22 @@ bool isByline(const NameLine& line, size_t at) {
            (!line.word(at + 2).touches() || !line.word(at + 2).isCapitalized());
 }
 
+/// "Prudence Abiola" and nothing else: a less usual word in front of one that can hardly be but a name.
+bool isStrangePair(const NameLine& line, size_t at) {
+    constexpr double least = 2;
+    constexpr WordTraits unusual = WordTrait::word | WordTrait::rareWord | WordTrait::danishWord |
+                                   WordTrait::rareDanishWord;
+    if (at + 1 >= line.size() || !line.word(at + 1).touches() || !line.isFilledBy({at, at + 1}))
+        return false;
+    const NameWord& word = line.word(at);
+    const NameWord& next = line.word(at + 1);
+    const bool areTitles = word.letterCase == LetterCase::title && next.letterCase == LetterCase::title;
+    const bool isSpeltLikeName = !next.is(anyMeaning | anyName) && spellingOfName(next.folded) >= least;
+    const bool isLastName = next.is(WordTrait::strongLastName) && !next.is(anyMeaning);
+    return areTitles && word.is(unusual) && !word.is(anyMeaning & ~unusual) && next.canBeName &&
+           next.range.length > 3 && (isSpeltLikeName || isLastName);
+}
+
 TextRange rangeOf(const NameLine& line, size_t first, size_t last) {
     const qsizetype start = line.word(first).range.location;
     const qsizetype dot = isDottedInitial(line, last) ? 1 : 0;
@@ -155,7 +171,7 @@ std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView te
         if (const std::optional<size_t> last = endOfFormedName(line, at)) {
             names.push_back(rangeOf(line, at, *last));
             at = *last;
-        } else if (isByline(line, at)) {
+        } else if (isByline(line, at) || isStrangePair(line, at)) {
             names.push_back(rangeOf(line, at, at + 1));
             ++at;
         } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) ||
