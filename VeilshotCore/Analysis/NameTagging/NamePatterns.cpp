@@ -143,8 +143,8 @@ bool isByline(const NameLine& line, size_t at) {
 /// "Prudence Abiola" and nothing else: a less usual word in front of one that can hardly be but a name.
 bool isStrangePair(const NameLine& line, size_t at) {
     constexpr double least = 2;
-    constexpr WordTraits unusual = WordTrait::word | WordTrait::rareWord | WordTrait::danishWord |
-                                   WordTrait::rareDanishWord;
+    constexpr WordTraits unusual =
+        WordTrait::word | WordTrait::rareWord | WordTrait::danishWord | WordTrait::rareDanishWord;
     if (at + 1 >= line.size() || !line.word(at + 1).touches() || !line.isFilledBy({at, at + 1}))
         return false;
     const NameWord& word = line.word(at);
@@ -154,6 +154,25 @@ bool isStrangePair(const NameLine& line, size_t at) {
     const bool isLastName = next.is(WordTrait::strongLastName) && !next.is(anyMeaning);
     return areTitles && word.is(unusual) && !word.is(anyMeaning & ~unusual) && next.canBeName &&
            next.range.length > 3 && (isSpeltLikeName || isLastName);
+}
+
+/// "Tante Saskiya", "Served by Saskiya".
+bool isIntroduced(const NameLine& line, size_t at) {
+    constexpr std::array<std::string_view, 16> relatives{
+        "tante", "onkel", "moster", "faster",  "mormor",  "morfar", "farmor", "farfar",
+        "uncle", "aunt",  "auntie", "grandma", "grandpa", "nana",   "cousin", "fatter"};
+    constexpr std::array<std::string_view, 22> deeds{
+        "served",    "written",  "posted",   "created", "reviewed", "approved", "edited",  "uploaded",
+        "requested", "opened",   "closed",   "merged",  "shared",   "booked",   "ordered", "signed",
+        "submitted", "reported", "resolved", "skrevet", "oprettet", "godkendt"};
+    if (at == 0 || !line.word(at).touches() || !isNameLike(line.word(at)))
+        return false;
+    const NameWord& left = line.word(at - 1);
+    if (std::ranges::find(relatives, left.folded) != relatives.end())
+        return true;
+    const bool isBy = left.folded == "by" || left.folded == "af";
+    return isBy && at > 1 && std::ranges::find(deeds, line.word(at - 2).folded) != deeds.end() &&
+           !(line.word(at + 1).touches() && line.word(at + 1).isCapitalized());
 }
 
 TextRange rangeOf(const NameLine& line, size_t first, size_t last) {
@@ -174,39 +193,12 @@ std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView te
         } else if (isByline(line, at) || isStrangePair(line, at)) {
             names.push_back(rangeOf(line, at, at + 1));
             ++at;
-        } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) ||
+        } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isIntroduced(line, at) ||
                    isGreetedAtTheEnd(line, at)) {
             names.push_back(rangeOf(line, at, at));
         }
     }
     return names;
-}
-
-std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const NameLexicon& lexicon,
-                                     QStringView text) {
-    const NameLine line(lexicon, text);
-    const auto isFound = [&](size_t at) {
-        return std::ranges::any_of(names,
-                                   [&](TextRange name) { return name.intersects(line.word(at).range); });
-    };
-    const auto isJoinedBySign = [&](size_t at) {
-        return line.word(at).before == WordSeparator::ampersand ||
-               (at > 0 && line.word(at).before == WordSeparator::other && line.isFollowedBy(at - 1, u"+"));
-    };
-    std::vector<TextRange> joined;
-    for (size_t at = 0; at < line.size(); ++at) {
-        if (isFound(at) || !isFirstNameLike(line.word(at)) || !line.word(at).is(WordTrait::strongFirstName))
-            continue;
-        const bool isFree = at == 0 || !line.word(at).touches() || line.word(at - 1).isLower();
-        const bool isBefore = isFree && at + 1 < line.size() &&
-                              ((isJoinedBySign(at + 1) && isFound(at + 1)) ||
-                               (line.word(at + 1).isLink() && at + 2 < line.size() && isFound(at + 2)));
-        const bool isBehind = at > 0 && ((isJoinedBySign(at) && isFound(at - 1)) ||
-                                         (line.word(at - 1).isLink() && at > 1 && isFound(at - 2)));
-        if (isBefore || isBehind)
-            joined.push_back(line.word(at).range);
-    }
-    return joined;
 }
 
 } // namespace Veilshot

@@ -13,8 +13,4 @@ namespace Veilshot {
 /// order.
 std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView line);
 
-/// First names joined to one of these names: "Kirstine" in "Kirstine & Palle Storgaard".
-std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const NameLexicon& lexicon,
-                                     QStringView line);
-
 } // namespace Veilshot

@@ -1,5 +1,6 @@
 #include "VeilshotCore/Analysis/NameTagging/TrainedNameTagger.h"
 
+#include "VeilshotCore/Analysis/NameTagging/JoinedNames.h"
 #include "VeilshotCore/Analysis/NameTagging/NameDoubts.h"
 #include "VeilshotCore/Analysis/NameTagging/NameEvidence.h"
 #include "VeilshotCore/Analysis/NameTagging/NameFeatures.h"
@@ -50,11 +51,18 @@ bool isListedOrAlone(TextRange range, QStringView line, const std::vector<NameTo
            });
 }
 
+/// "From: Tjorven Uhlenbrock", "author = Tjorven Uhlenbrock".
+bool isLabelled(TextRange range, QStringView line, const std::vector<NameToken>& tokens) {
+    const QStringView before = line.first(range.location).trimmed();
+    return (before.endsWith(u':') || before.endsWith(u'=')) &&
+           traitsBefore(tokens, range.location).testFlag(WordTrait::label);
+}
+
 /// Whether the lists are trusted more than the model: with names of several words and with what follows a
 /// title they are hardly ever wrong.
 bool isCertain(TextRange listed, QStringView line, const std::vector<NameToken>& tokens) {
     return (line.sliced(listed.location, listed.length).contains(u' ') &&
-            isListedOrAlone(listed, line, tokens)) ||
+            (isListedOrAlone(listed, line, tokens) || isLabelled(listed, line, tokens))) ||
            traitsBefore(tokens, listed.location).testFlag(WordTrait::title);
 }
 

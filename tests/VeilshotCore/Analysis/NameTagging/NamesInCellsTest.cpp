@@ -31,6 +31,7 @@ TEST(NamesInCells, AreToldByTheLabelOrTheCompanyOfACell) {
         {{u"Guests"_s, u"Ove Juul"_s, u"Yes"_s, u"Xiomara Peña"_s}, {u"Ove Juul"_s, u"Xiomara Peña"_s}},
         {{u"Guests"_s, u"Awaiting"_s, u"Maybe"_s}, {}},
         {{u"First name"_s, u"Last name"_s, u"Description"_s, u"Office"_s}, {}}, // a form
+        {{u"Full name"_s, u"Description"_s, u"Office"_s}, {}},
         {{u"Wednesday"_s, u"Ove Juul"_s, u"Ida"_s, u"Hjalte"_s, u"Bo Lund"_s, u"Monday"_s},
          {u"Ove Juul"_s, u"Ida"_s, u"Hjalte"_s, u"Bo Lund"_s}},
         {{u"Where"_s, u"Ida"_s, u"Skanderborg"_s, u"Odder"_s, u"Hjalte"_s}, {u"Ida"_s}},
