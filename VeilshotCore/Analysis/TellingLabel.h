@@ -11,8 +11,8 @@ bool isLabelOfDetail(const QString& text);
 /// Whether the text is a label of parts of people's names: "Efternavn".
 bool isLabelOfName(const QString& text);
 
-/// Whether the text is one of these or another label of people: "Assignee". Not "Name", which files, products and
-/// machines have too.
+/// Whether the text is one of these or another label of people: "Assignee". Not "Name", which files, products
+/// and machines have too.
 bool isLabelOfPerson(const QString& text);
 
 } // namespace Veilshot

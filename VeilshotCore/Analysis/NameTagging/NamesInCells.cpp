@@ -5,6 +5,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NameTokenizer.h"
 #include "VeilshotCore/Analysis/TellingLabel.h"
 
+#include <QStringView>
 #include <algorithm>
 
 namespace Veilshot {
@@ -25,7 +26,7 @@ struct Cell {
         qsizetype length = 0;
         for (const TextRange name : names)
             length += name.length;
-        return 5 * length >= 3 * range.length;
+        return !names.empty() && 5 * length >= 3 * range.length;
     }
     bool mayBeName() const { return hasShapeOfName && (hasKnownName || !hasMeaning); }
 };
@@ -79,12 +80,14 @@ Company companyOf(const std::vector<Cell>& cells, const QString& label) {
     const auto values = cells.end() - begin;
     const auto names = std::count_if(begin, cells.end(), [](const Cell& cell) { return cell.isName(); });
     // Otherwise the labels of a form, one below the other.
-    const bool isLabelled = std::none_of(begin, cells.end(), [](const Cell& cell) { return cell.isLabel; });
+    const bool hasValues = std::none_of(begin, cells.end(), [](const Cell& cell) { return cell.isLabel; });
     const auto likely = std::count_if(begin, cells.end(), [](const Cell& cell) { return cell.mayBeName(); });
-    // Below the label of a form stand other labels, below the header of a column mostly names.
-    if (isLabelled && isLabelOfName(label))
+    // Below the header of a column stand mostly names, below the label of a form other labels.
+    if (hasValues && isLabelOfName(label) && values > 1)
         return 2 * likely >= values ? Company::names : Company::people;
-    if (isLabelled && isLabelOfPerson(label) && (names > 0 || values == 1))
+    // A single value beside a label may be a button: "Owner", "Mark Complete".
+    const bool isStranger = values == 1 && begin->hasShapeOfName && !begin->hasMeaning;
+    if (hasValues && isLabelOfPerson(label) && (names > 0 || isStranger))
         return Company::people;
     return names >= 2 && 5 * names >= 3 * values ? Company::people : Company::mixed;
 }

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +34,7 @@ bool mayBeStreet(const QString& text) {
 /// A town with its postcode.
 bool isPlace(const QString& text) {
     static const RegularExpression expression(
-        uR"(^(?:(?:[A-Z]{1,2}-)?(?:\d{4,5}|\d{3} \d{2}|\d{2}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
+        uR"(^(?:(?:[A-Z]{1,2}-)?(?:(?!19|20)\d{4}|(?:19|20)\d\d(?= Frederiksberg| København)|\d{5}|\d{3} \d{2}|\d{2}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
         uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2},? \d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}))$)",
         sensitive);
     return expression.hasMatch(text);
@@ -87,7 +86,7 @@ bool goesOnInText(const QString& upper, const QString& lower) {
 /// hyphen.
 bool isTornToken(const QString& upper, const QString& lower) {
     static const RegularExpression begunLink(uR"((?:[\w.+-]@|://|www\.)\S*[-./_?&=@]$)");
-    static const RegularExpression restOfLink(uR"(^[\w%~.-]*[\w/](?=\s|$))");
+    static const RegularExpression restOfLink(uR"(^[\w%~.=&?-]*[\w/](?=\s|$))");
     static const RegularExpression begunMailbox(uR"([\p{L}\d]{2}[-._]$)");
     static const RegularExpression restOfMail(uR"(^[\w.+-]+@[\w-]+\.\w)");
     static const RegularExpression begunKey(uR"((?<!\S)(?=\S*\d)[\w-]{8,}-$)");
@@ -95,6 +94,12 @@ bool isTornToken(const QString& upper, const QString& lower) {
     return (begunLink.hasMatch(upper) && restOfLink.hasMatch(lower)) ||
            (begunMailbox.hasMatch(upper) && restOfMail.hasMatch(lower)) ||
            (begunKey.hasMatch(upper) && restOfKey.hasMatch(lower));
+}
+
+/// A label in a text would give all of it away that is read on with it.
+bool hasLabel(const QString& text) {
+    static const RegularExpression expression(uR"(\p{L}\s*[:#])");
+    return expression.hasMatch(text);
 }
 
 /// A part of a reading: from one character on up to another.
@@ -121,7 +126,10 @@ Part whole(const SegmentReading& reading) {
 
 /// A line with a label and its colon would be hidden whole, whatever stands behind it.
 Part withoutColon(const SegmentReading& label) {
-    return {label, {0, label.text.endsWith(u':') ? label.text.size() - 1 : label.text.size()}};
+    qsizetype length = label.text.size();
+    while (length > 0 && u":# "_s.contains(label.text[length - 1]))
+        --length;
+    return {label, {0, length}};
 }
 
 /// The texts of all parts, `between` them, in which only one of the parts has boxes: once for each.
@@ -170,12 +178,6 @@ bool isProse(const SegmentReading& reading) {
            smallWord.ranges(reading.text).size() >= 3;
 }
 
-/// A label in a text would give all of it away that is read on with it.
-bool hasLabel(const QString& text) {
-    static const RegularExpression expression(uR"(\p{L}\s*[:#])");
-    return expression.hasMatch(text);
-}
-
 /// Whether the two belong to one text and may be read across the end of the line; not where a time or a date
 /// begins the next line of a log.
 bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
@@ -183,36 +185,36 @@ bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
 }
 
+void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                           const std::vector<std::size_t>& column, QSize image) {
+    const SegmentReading& header = readings[column.front()];
+    if (!isLabelOfDetail(header.text))
+        return;
+    for (std::size_t row = 1; row < column.size(); ++row) {
+        const SegmentReading& value = readings[column[row]];
+        if (!isBelow(header, value)) // or it is told already
+            appendForEach(lines, {withoutColon(header), whole(value)}, u"\t"_s, image);
+    }
+}
+
 void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                    const std::vector<std::vector<std::size_t>>& columns, QSize image) {
-    const auto append = [&](const SegmentReading& label, const SegmentReading& value) {
-        appendForEach(lines, {withoutColon(label), whole(value)}, u"\t"_s, image);
+                    const SegmentReading& label, QSize image) {
+    const bool isPerson = isLabelOfPerson(label.text);
+    if (!isPerson && !isLabelOfDetail(label.text))
+        return;
+    const auto append = [&](const SegmentReading& value) {
+        if (!isPerson || mayBeName(value.text))
+            appendForEach(lines, {withoutColon(label), whole(value)}, u"\t"_s, image);
     };
-    for (const std::vector<std::size_t>& column : columns) {
-        const SegmentReading& header = readings[column.front()];
-        if (!isLabelOfDetail(header.text))
-            continue;
-        for (std::size_t row = 1; row < column.size(); ++row) {
-            if (!isBelow(header, readings[column[row]]))
-                append(header, readings[column[row]]);
-        }
+    const SegmentReading* beside = nullptr;
+    for (const SegmentReading& value : readings) {
+        if (isBelow(label, value))
+            append(value);
+        if (isBeside(label, value) && (!beside || value.box.left() < beside->box.left()))
+            beside = &value;
     }
-    for (const SegmentReading& label : readings) {
-        const bool isPerson = isLabelOfPerson(label.text);
-        if (!isPerson && !isLabelOfDetail(label.text))
-            continue;
-        const SegmentReading* beside = nullptr;
-        for (const SegmentReading& value : readings) {
-            if (isPerson && !mayBeName(value.text))
-                continue;
-            if (isBelow(label, value))
-                append(label, value);
-            if (isBeside(label, value) && (!beside || value.box.left() < beside->box.left()))
-                beside = &value;
-        }
-        if (beside)
-            append(label, *beside);
-    }
+    if (beside)
+        append(*beside);
 }
 
 /// An address that stands below each other: a street, a town with its postcode or both apart.
@@ -228,6 +230,11 @@ void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& upp
     }
 }
 
+void appendWrapped(std::vector<RecognizedLine>& lines, const Part& upper, const Part& lower, QSize image) {
+    if (!hasLabel(upper.text()) && !hasLabel(lower.text()))
+        appendForEach(lines, {upper, lower}, u" "_s, image);
+}
+
 void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
                      QSize image) {
     for (const SegmentReading& lower : readings) {
@@ -240,9 +247,8 @@ void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<Segme
                 appendForEach(lines, {words(1, upper, End::last), words(1, lower, End::first)}, u""_s, image);
             else if (goesOnInCell(upper.text, lower.text))
                 appendForEach(lines, {whole(upper), whole(lower)}, u" "_s, image);
-            else if (isWrapped(upper, lower) && !hasLabel(upper.text) && !hasLabel(lower.text))
-                appendForEach(lines, {fewWords(upper, End::last), fewWords(lower, End::first)}, u" "_s,
-                              image);
+            else if (isWrapped(upper, lower))
+                appendWrapped(lines, fewWords(upper, End::last), fewWords(lower, End::first), image);
             if (!goesOnInText(upper.text, lower.text))
                 appendAddress(lines, upper, lower, readings, image);
         }
@@ -256,15 +262,18 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
             std::ranges::count_if(column, [&](std::size_t cell) { return mayBeName(readings[cell].text); });
         if (2 * static_cast<std::size_t>(count) < column.size())
             continue;
+        const Part header = withoutColon(readings[column.front()]);
         QString text;
         std::vector<RecognizedLine::Symbol> symbols;
-        for (const std::size_t index : column) {
-            const Part cell =
-                index == column.front() ? withoutColon(readings[index]) : whole(readings[index]);
-            if (!mayBeName(readings[index].text) && index != column.front())
+        if (!hasLabel(header.text())) {
+            text = header.text();
+            symbols = header.symbols(0, image);
+        }
+        for (auto index = column.begin() + 1; index != column.end(); ++index) {
+            const Part cell = whole(readings[*index]);
+            if (!mayBeName(cell.text()))
                 continue;
-            if (!text.isEmpty())
-                text += cellSeparator;
+            text += cellSeparator;
             std::ranges::copy(cell.symbols(text.size(), image), std::back_inserter(symbols));
             text += cell.text();
         }
@@ -277,7 +286,10 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
 std::vector<RecognizedLine> combinedLines(const std::vector<SegmentReading>& readings, QSize image) {
     const std::vector<std::vector<std::size_t>> columns = columnsOf(readings);
     std::vector<RecognizedLine> lines;
-    appendLabelled(lines, readings, columns, image);
+    for (const SegmentReading& label : readings)
+        appendLabelled(lines, readings, label, image);
+    for (const std::vector<std::size_t>& column : columns)
+        appendColumnOfDetails(lines, readings, column, image);
     appendContinued(lines, readings, image);
     appendColumns(lines, readings, columns, image);
     return lines;

@@ -2,6 +2,7 @@
 
 #include "VeilshotCore/Analysis/RegularExpression.h"
 #include "VeilshotCore/Analysis/TextRecognition/CombinedLines.h"
+#include "VeilshotCore/Analysis/TextRecognition/FixedPitch.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadSigns.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPlacement.h"
 
@@ -14,12 +15,9 @@ namespace Veilshot {
 
 namespace {
 
-/// The characters of two readings in a font of fixed width stand this far apart; nothing in other fonts and
-/// of a few characters.
+/// How far apart the characters of two readings stand if their font is of fixed width.
 std::optional<double> commonPitch(const SegmentReading& left, const SegmentReading& right) {
     constexpr std::size_t leastPairs = 6;
-    constexpr double tolerance = 0.2;
-    constexpr double leastShare = 0.8;
     std::vector<double> distances;
     for (const SegmentReading* reading : {&left, &right}) {
         for (std::size_t index = 1; index < reading->symbols.size(); ++index) {
@@ -29,16 +27,7 @@ std::optional<double> commonPitch(const SegmentReading& left, const SegmentReadi
                 distances.push_back(box.center().x() - previousBox.center().x());
         }
     }
-    if (distances.size() < leastPairs)
-        return std::nullopt;
-    const auto median = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
-    std::ranges::nth_element(distances, median);
-    const double pitch = *median;
-    const auto regular = std::ranges::count_if(
-        distances, [&](double other) { return std::abs(other - pitch) <= tolerance * pitch; });
-    return static_cast<double>(regular) >= leastShare * static_cast<double>(distances.size())
-               ? std::optional(pitch)
-               : std::nullopt;
+    return fixedPitch(std::move(distances), leastPairs);
 }
 
 /// Whether one blank of a font of fixed width lies between the two.

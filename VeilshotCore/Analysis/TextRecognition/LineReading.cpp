@@ -1,6 +1,7 @@
 #include "VeilshotCore/Analysis/TextRecognition/LineReading.h"
 
 #include "VeilshotCore/Analysis/RegularExpression.h"
+#include "VeilshotCore/Analysis/TextRecognition/FixedPitch.h"
 #include "VeilshotCore/Analysis/TextRecognition/InkColumns.h"
 
 #include <algorithm>
@@ -18,9 +19,8 @@ namespace {
 /// A blank that was read is one only where the ink has a gap at least this wide, as a share of the line's ink
 /// height. Between plain words and numbers the recognizer is nearly always right, even where a bold or narrow
 /// font leaves two pixels; keys and links it tears. Signs that join the parts of a token stand in wider gaps,
-/// in fonts of fixed width above all, and so do the dots of an address already begun. (On the ink of 12
-/// screenshots, blanks read into tokens ended at 0.154; beside joining signs at 0.286, in addresses at
-/// 0.357.)
+/// in fonts of fixed width above all, and so do the dots of an address already begun. Blanks read into tokens
+/// end at 0.154, beside joining signs at 0.286, in addresses at 0.357.
 constexpr double narrowestBlankOfWords = 0.06;
 constexpr double narrowestBlank = 0.16;
 constexpr double narrowestBlankBesideSign = 0.3;
@@ -76,26 +76,14 @@ double distance(const TesseractEngine::Symbol& left, const TesseractEngine::Symb
     return right.box.center().x() - left.box.center().x();
 }
 
-/// How far apart the characters of a line in a font of fixed width stand; nothing for other fonts.
-std::optional<double> fixedPitch(const Symbols& symbols) {
+std::optional<double> pitchOf(const Symbols& symbols) {
     constexpr std::size_t leastPairs = 12;
-    constexpr double tolerance = 0.22;
-    constexpr double leastShare = 0.8;
     std::vector<double> distances;
     for (std::size_t index = 1; index < symbols.size(); ++index) {
         if (!symbols[index].beginsWord)
             distances.push_back(distance(symbols[index - 1], symbols[index]));
     }
-    if (distances.size() < leastPairs)
-        return std::nullopt;
-    const auto median = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
-    std::ranges::nth_element(distances, median);
-    const double pitch = *median;
-    const auto regular = std::ranges::count_if(
-        distances, [&](double other) { return std::abs(other - pitch) <= tolerance * pitch; });
-    return static_cast<double>(regular) >= leastShare * static_cast<double>(distances.size())
-               ? std::optional(pitch)
-               : std::nullopt;
+    return fixedPitch(std::move(distances), leastPairs);
 }
 
 /// The word that begins with this symbol, as it was read.
@@ -189,7 +177,7 @@ SegmentReading readSegment(const TextSegment& segment, const Symbols& recognized
     const InkColumns columns(segment.ink);
     Symbols symbols = withUnderscores(recognized, columns, segment.ink.height());
     narrowPunctuation(symbols);
-    const std::optional<double> pitch = fixedPitch(symbols);
+    const std::optional<double> pitch = pitchOf(symbols);
     QString word;
     std::size_t wordBegin = 0;
     const auto endWord = [&] {

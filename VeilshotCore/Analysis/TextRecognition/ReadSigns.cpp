@@ -4,24 +4,72 @@
 
 namespace Veilshot {
 
-void settleSigns(QString& text) {
-    static const RegularExpression joinedDigits(
-        uR"((?<![\d-])(?:(?:19|20)\d\d(-)[01]\d(-)[0-3]\d|[0-3]\d(-)[01]\d(-)(?:19|20)\d\d))"
-        uR"((?=[T_ ]{1,2}[0-2]?\d[:.][0-5]\d))"
-        uR"(|(?<=#)\d+(-)\d+(?![\d-])|(?<![\d+()\p{L}-] ?)[1-9]( )\d{3}( )\d{3}(?![\d()-]| [\d(-]))");
-    static const RegularExpression misreadLetter(
-        uR"((?<=\p{Lu}\p{Ll}{1,20} )(@)(?=\p{Ll}{3,}(?![\p{L}\d_@-]|\.\w)))",
-        RegularExpression::CaseSensitivity::sensitive);
-    constexpr QChar nonBreakingHyphen(0x2011);
-    constexpr QChar nonBreakingBlank(0x00A0);
-    for (const auto& match : joinedDigits.matches(text)) {
-        for (const TextRange sign : match.groups) {
-            if (sign.location >= 0)
-                text[sign.location] = text[sign.location] == u'-' ? nonBreakingHyphen : nonBreakingBlank;
+namespace {
+
+using enum RegularExpression::CaseSensitivity;
+
+constexpr QChar nonBreakingHyphen(0x2011);
+constexpr QChar nonBreakingBlank(0x00A0);
+
+/// Dates and numbers that nobody can be called on, their signs as groups.
+void settleNumbers(QString& text) {
+    static const RegularExpression expressions[] = {
+        // a date with a time of day
+        RegularExpression(
+            uR"((?<![\d-])(?:(?:19|20)\d\d(-)[01]\d(-)[0-3]\d|[0-3]\d(-)[01]\d(-)(?:19|20)\d\d))"
+            uR"((?=[T_ ]{1,2}[0-2]?\d[:.][0-5]\d))"),
+        // behind a number sign; thousands
+        RegularExpression(uR"((?<=#)\d+(-)\d+(?![\d-]))"
+                          uR"(|(?<![\d+()\p{L}-] ?)[1-9]( )\d{3}( )\d{3}(?![\d()-]| [\d(-]))"),
+        // from year to year
+        RegularExpression(uR"((?<![\d-])(?:19|20)\d\d ?(-) ?(?:19|20)\d\d(?![\d-]))"),
+        // what has a number of its own
+        RegularExpression(
+            uR"((?<!\p{L})(?:order|ordre|bestilling|booking|invoice|faktura|ticket|case|sag|sags|parcel|pakke|package)"
+            uR"(|tracking|shipment|forsendelse|batch|build|version|revision|release|ref|reference|po|item|vare|sku)"
+            uR"(|part|model|serial|serie|job|brev|trace|message|receipt|kvittering)(?:[ -]?(?:no|nr|number|nummer|id|ref))"
+            uR"((?!\p{L})\.?|reference)?[:\s]{0,2}[A-Z]{0,4}\d+(-)\d+(?:(-)\d+)?(?![\d-]| \d))"),
+    };
+    for (const RegularExpression& expression : expressions) {
+        for (const auto& match : expression.matches(text)) {
+            for (const TextRange sign : match.groups) {
+                if (sign.location >= 0)
+                    text[sign.location] = text[sign.location] == u'-' ? nonBreakingHyphen : nonBreakingBlank;
+            }
         }
     }
-    for (const TextRange sign : misreadLetter.ranges(text))
+}
+
+/// Dates of late, unless somebody was born on them.
+void settleDates(QString& text) {
+    static const RegularExpression birth(uR"(\bborn\b|birth|\bdob\b|\bd\.o\.b|født|fødsel|\bcpr)");
+    static const RegularExpression date(
+        uR"((?<![\d-])(?:20(?:1[89]|[23]\d)(-)[01]\d(-)[0-3]\d|[0-3]\d(-)[01]\d(-)20(?:1[89]|[23]\d))(?![\d-]| \d\d \d))");
+    if (birth.hasMatch(text))
+        return;
+    for (const auto& match : date.matches(text)) {
+        for (const TextRange sign : match.groups) {
+            if (sign.location >= 0)
+                text[sign.location] = nonBreakingHyphen;
+        }
+    }
+}
+
+/// "Håkon @degård": names with Ø, which handles hardly begin like.
+void settleLetters(QString& text) {
+    static const RegularExpression expression(
+        uR"((?<=\p{Lu}\p{Ll}{1,20} )(@)(?=(?:deg[aå]rd|sterg[aå]rd|sterby|stby|sterlund|rsted|rum|rskov|vrebø|vlisen|llg[aå]+rd|zt[uü]rk|zdemir|zkan)(?![\p{L}\d_@-]|\.\w)))",
+        sensitive);
+    for (const TextRange sign : expression.ranges(text))
         text[sign.location] = u'Ø';
+}
+
+} // namespace
+
+void settleSigns(QString& text) {
+    settleNumbers(text);
+    settleDates(text);
+    settleLetters(text);
 }
 
 } // namespace Veilshot

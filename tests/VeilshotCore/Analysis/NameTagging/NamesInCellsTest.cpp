@@ -28,6 +28,9 @@ TEST(NamesInCells, AreToldByTheLabelOrTheCompanyOfACell) {
         {{u"Last name"_s, u"Achterberg"_s, u"Hope"_s, u"2013"_s}, {u"Achterberg"_s, u"Hope"_s}},
         {{u"Assignee"_s, u"Tuuli Bäckström"_s}, {u"Tuuli Bäckström"_s}},
         {{u"Assignee"_s, u"Nobody yet"_s}, {}},
+        {{u"Owner"_s, u"Mark Complete"_s}, {}},
+        {{u"First name"_s, u"Description"_s}, {}}, // a header and the next
+        {{QString(), u"Ove Juul"_s, u"Ida"_s}, {u"Ove Juul"_s, u"Ida"_s}},
         {{u"Guests"_s, u"Ove Juul"_s, u"Yes"_s, u"Xiomara Peña"_s}, {u"Ove Juul"_s, u"Xiomara Peña"_s}},
         {{u"Guests"_s, u"Awaiting"_s, u"Maybe"_s}, {}},
         {{u"First name"_s, u"Last name"_s, u"Description"_s, u"Office"_s}, {}}, // a form

@@ -7,8 +7,15 @@ using namespace Qt::StringLiterals;
 namespace Veilshot {
 namespace {
 
+/// With a symbol for each character, all of one width.
 SegmentReading reading(const QString& text, const QRect& box) {
-    return {text, {{{0, text.size()}, QRectF(box)}}, box};
+    SegmentReading reading{text, {}, box};
+    const double width = static_cast<double>(box.width()) / static_cast<double>(text.size());
+    for (qsizetype index = 0; index < text.size(); ++index) {
+        const double left = box.left() + static_cast<double>(index) * width;
+        reading.symbols.push_back({{index, 1}, QRectF(left, box.top(), width, box.height())});
+    }
+    return reading;
 }
 
 using Texts = std::vector<std::string>;
@@ -73,12 +80,12 @@ TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
     EXPECT_EQ(linesWith({reading(u"Anna Lund"_s, street), reading(u"3400 Hillerød"_s, town)}, town), Texts{});
 }
 
-/// Cells below each other, flush right, 30 pixels from row to row.
+/// Cells below each other, flush right, 30 pixels from row to row, the first a little apart.
 std::vector<SegmentReading> columnOf(const QStringList& cells) {
     std::vector<SegmentReading> readings;
     for (int row = 0; row < cells.size(); ++row) {
         const int width = 8 * static_cast<int>(cells[row].size());
-        readings.push_back(reading(cells[row], {400 - width, 10 + 30 * row, width, 12}));
+        readings.push_back(reading(cells[row], {400 - width, row == 0 ? 10 : 25 + 30 * row, width, 12}));
     }
     return readings;
 }
@@ -95,6 +102,31 @@ TEST(CombinedLines, TellTheCellsOfAColumnTogether) {
     for (std::size_t row = 0; row < uneven.size(); ++row)
         uneven[row].box.translate(0, row % 2 == 1 ? 14 : 0); // pairs of label and value, not rows
     EXPECT_EQ(linesWith(uneven, uneven[3].box), Texts{});
+}
+
+TEST(CombinedLines, NeverGiveAWholeColumnAwayToTheLabelInItsHeader) {
+    const std::vector<SegmentReading> menu =
+        columnOf({u"Phone: Home"_s, u"Open Settings"_s, u"Save"_s, u"Close"_s});
+    EXPECT_EQ(linesWith(menu, menu[3].box), Texts{"\t│\tOpen Settings\t│\tSave\t│\tClose"});
+    const std::vector<SegmentReading> form{reading(u"Password:"_s, {10, 10, 60, 12}),
+                                           reading(u"Kestrel_2338"_s, {10, 30, 80, 12})};
+    EXPECT_EQ(linesWith(form, form[1].box), Texts{"Password\tKestrel_2338"});
+}
+
+TEST(CombinedLines, PlaceEachCharacterWhereItStands) {
+    const QRect upper(10, 10, 420, 12), lower(10, 30, 260, 12);
+    const auto lines = combinedLines({reading(u"you are very welcome to call Max Lund on 60 98"_s, upper),
+                                      reading(u"89 88 on working days"_s, lower)},
+                                     {1000, 1000});
+    ASSERT_EQ(lines.size(), 2u);
+    for (const RecognizedLine& line : lines) {
+        const TextRange number{line.text().indexOf(u"60 98"), 11};
+        const bool isUpper = line.boundingBox().toPixels({1000, 1000}).intersects(upper);
+        const double width = isUpper ? 420 / 46.0 : 260 / 21.0;
+        const QRectF expected =
+            isUpper ? QRectF(430 - 5 * width, 10, 5 * width, 12) : QRectF(10, 30, 5 * width, 12);
+        EXPECT_EQ(line.boundingBox(number)->toPixels({1000, 1000}).toRect(), expected.toRect());
+    }
 }
 
 } // namespace

@@ -79,6 +79,13 @@ TEST(LineReading, KeepsABlankOnlyWhereTheInkHasOne) {
     }
 }
 
+TEST(LineReading, TakesTheFootOfALetterForNoUnderscore) {
+    TextSegment segment = segmentShowing(u"ab  cd"_s);
+    for (int y = 12; y < 14; ++y)
+        std::fill_n(segment.ink.scanLine(y) + 15, 8, uchar(0)); // on the line where letters end
+    EXPECT_EQ(readSegment(segment, symbolsOf(u"ab cd"_s, u"ab  cd"_s)).text.toStdString(), "ab cd");
+}
+
 TEST(LineReading, TakesAnUnderlineForNoUnderscore) {
     TextSegment segment = segmentShowing(u"ab cd"_s);
     for (int y = 16; y < 18; ++y)

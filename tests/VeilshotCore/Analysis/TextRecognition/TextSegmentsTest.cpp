@@ -84,6 +84,14 @@ TEST(TextSegments, KeepTheFilledLettersOfABoldWordButNoEmptyCells) {
     EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), std::vector{QRect(100, 60, 66, 24)});
 }
 
+TEST(TextSegments, EndAtTheFaintBorderOfACell) {
+    QImage image = page({600, 200}, Qt::white);
+    fill(image, {196, 40, 1, 60}, QColor(230, 230, 230));
+    const QRect first = drawWord(image, {105, 60}, Qt::black, Qt::white);
+    const QRect second = drawWord(image, {201, 60}, Qt::black, Qt::white);
+    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), (std::vector{first, second}));
+}
+
 TEST(TextSegments, StandOnTheGroundOfTheirCell) {
     QImage image = page({600, 200}, QColor(205, 205, 205)); // what shows between the cells
     std::vector<QRect> words;
