@@ -74,8 +74,8 @@ int surfaceWithHoles(const cv::Mat& labels, int label, const cv::Rect& box) {
 
 enum class Shape {
     letter,
-    boldLetter, ///< perhaps; or an avatar, an icon
-    box,        ///< a button, an empty cell
+    solid, ///< perhaps a bold letter or a tall "l"; or an avatar, an icon, the bar beside a quotation
+    box,   ///< a button, an empty cell
 };
 
 /// Avatars, icons and buttons are filled but for what is written on them. A letter of that size is filled
@@ -83,10 +83,13 @@ enum class Shape {
 Shape shapeOf(const cv::Mat& labels, int label, const cv::Rect& box, double fill) {
     constexpr double leastFillOfShape = 0.72;
     constexpr double leastFillOfBox = 0.93;
+    const bool isBar = box.height >= 28 && 5 * box.width <= box.height;
+    if (isBar)
+        return Shape::solid;
     if (box.height < 18 || box.width < 18 || fill <= 0.6)
         return Shape::letter;
     const double whole = static_cast<double>(surfaceWithHoles(labels, label, box)) / box.area();
-    return whole > leastFillOfBox ? Shape::box : whole > leastFillOfShape ? Shape::boldLetter : Shape::letter;
+    return whole > leastFillOfBox ? Shape::box : whole > leastFillOfShape ? Shape::solid : Shape::letter;
 }
 
 /// The frame of a field or the curved edge of a bubble: a thin stroke around much emptiness.
@@ -175,7 +178,7 @@ void forAdjacentPairs(const std::vector<cv::Rect>& boxes, int rows, const Adjace
     }
 }
 
-/// Those of the bold letters that are some indeed: they stand close beside others of their size.
+/// Those of the solid shapes that are letters: they stand close beside others of their size.
 std::vector<Blob> withNeighbours(const std::vector<Blob>& shapes, const std::vector<Blob>& blobs, int rows) {
     constexpr Adjacency withinWord{0.4, 0.5};
     constexpr double leastShareOfHeight = 0.55;
@@ -210,7 +213,7 @@ Ink findInk(const cv::Mat& colours) {
     cv::Mat centroids;
     const int count = cv::connectedComponentsWithStats(mask & ~strokes, ink.labels, stats, centroids, 8);
     ink.isSpeck.assign(count, false);
-    std::vector<Blob> boldLetters;
+    std::vector<Blob> solids;
     for (int label = 1; label < count; ++label) {
         const int* stat = stats.ptr<int>(label);
         const cv::Rect box(stat[cv::CC_STAT_LEFT], stat[cv::CC_STAT_TOP], stat[cv::CC_STAT_WIDTH],
@@ -223,11 +226,10 @@ Ink findInk(const cv::Mat& colours) {
         const Shape shape = shapeOf(ink.labels, label, box, fill);
         if (shape == Shape::letter)
             ink.blobs.push_back({box, label});
-        else if (shape == Shape::boldLetter)
-            boldLetters.push_back({box, label});
+        else if (shape == Shape::solid)
+            solids.push_back({box, label});
     }
-    std::ranges::copy(withNeighbours(boldLetters, ink.blobs, ink.contrast.rows),
-                      std::back_inserter(ink.blobs));
+    std::ranges::copy(withNeighbours(solids, ink.blobs, ink.contrast.rows), std::back_inserter(ink.blobs));
     return ink;
 }
 

@@ -84,6 +84,14 @@ TEST(TextSegments, KeepTheFilledLettersOfABoldWordButNoEmptyCells) {
     EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), std::vector{QRect(100, 60, 66, 24)});
 }
 
+TEST(TextSegments, StayTwoBesideTheBarOfAQuotation) {
+    QImage image = page({600, 200}, Qt::white);
+    fill(image, {92, 54, 4, 30}, QColor(0, 120, 90));
+    const QRect upper = drawWord(image, {100, 56}, Qt::black, Qt::white);
+    const QRect lower = drawWord(image, {100, 72}, Qt::black, Qt::white);
+    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), (std::vector{upper, lower}));
+}
+
 TEST(TextSegments, EndAtTheFaintBorderOfACell) {
     QImage image = page({600, 200}, Qt::white);
     fill(image, {196, 40, 1, 60}, QColor(230, 230, 230));
