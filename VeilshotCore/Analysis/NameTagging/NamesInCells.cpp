@@ -87,6 +87,8 @@ Company companyOf(const std::vector<Cell>& cells, const QString& label) {
         return 2 * likely >= values ? Company::names : Company::people;
     // A single value beside a label may be a button: "Owner", "Mark Complete".
     const bool isStranger = values == 1 && begin->hasShapeOfName && !begin->hasMeaning;
+    if (hasValues && isLabelOfName(label) && isStranger)
+        return Company::names;
     if (hasValues && isLabelOfPerson(label) && (names > 0 || isStranger))
         return Company::people;
     return names >= 2 && 5 * names >= 3 * values ? Company::people : Company::mixed;

@@ -29,6 +29,7 @@ TEST(NamesInCells, AreToldByTheLabelOrTheCompanyOfACell) {
         {{u"Assignee"_s, u"Tuuli Bäckström"_s}, {u"Tuuli Bäckström"_s}},
         {{u"Assignee"_s, u"Nobody yet"_s}, {}},
         {{u"Owner"_s, u"Mark Complete"_s}, {}},
+        {{u"Surname"_s, u"TREBARWITH-OBUZOR"_s}, {u"TREBARWITH-OBUZOR"_s}},
         {{u"First name"_s, u"Description"_s}, {}}, // a header and the next
         {{QString(), u"Ove Juul"_s, u"Ida"_s}, {u"Ove Juul"_s, u"Ida"_s}},
         {{u"Guests"_s, u"Ove Juul"_s, u"Yes"_s, u"Xiomara Peña"_s}, {u"Ove Juul"_s, u"Xiomara Peña"_s}},
