@@ -80,7 +80,7 @@ void addLastNameFirst(const NameLine& line, size_t at, std::vector<Candidate>& c
            line.isFollowedBy(last + 1, u"."))
         ++last;
     const NameWord& next = line.word(last + 1);
-    if (next.before == WordSeparator::comma || next.isLink())
+    if ((next.before == WordSeparator::comma && !next.isNumber) || next.isLink())
         return;
     // "Di Stefano, Rosa": words in front of the last belong to it when there is nothing else in the line.
     size_t first = at;

@@ -1,11 +1,16 @@
 #include "VeilshotCore/Analysis/NameTagging/NameEvidence.h"
 
+#include "VeilshotCore/Analysis/NameTagging/NameSpelling.h"
+
 #include <algorithm>
 #include <array>
 
 namespace Veilshot {
 
 namespace {
+
+/// Below it, a word nobody knows is rather a Danish noun.
+constexpr double leastSpelling = -3;
 
 using LetterCase = NameToken::LetterCase;
 
@@ -29,9 +34,6 @@ constexpr std::array doubts{
     Doubt{WordTrait::suffix, 2.0, 2.0, 3.0},         Doubt{WordTrait::functionWord, 4.0, 2.0, 5.0},
     Doubt{WordTrait::particle, 1.0, 0.3, 3.0},
 };
-
-/// The Danish definite article and the like; some rare names end so, too.
-constexpr std::array<std::string_view, 7> weakWordEndings{"en", "et", "er", "gade", "vej", "land", "stan"};
 
 template<size_t count>
 bool endsWithOneOf(std::string_view word, const std::array<std::string_view, count>& endings) {
@@ -147,7 +149,7 @@ NameEvidence nameEvidence(const NameToken& token, WordTraits traits) {
             return {0.3, 1.8, 1.8};
         if (token.letterCase == LetterCase::upper)
             return {0.3, 0.5, -2.0};
-        if (endsWithOneOf(token.folded, weakWordEndings))
+        if (spellingOfName(token.folded) < leastSpelling)
             return {0.0, 0.2, -0.7};
         return {0.3, 0.5, 0.3};
     }

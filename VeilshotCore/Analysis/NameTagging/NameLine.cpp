@@ -36,8 +36,9 @@ WordSeparator separatorAfter(const NameWord& word, QStringView between) {
         return marks.size() == 1 && takesDot(word) ? WordSeparator::blank : otherwise;
     case u'_':
     case u'\\':
-    case u'=':
         return otherwise;
+    case u'=':
+        return isTight ? WordSeparator::glued : WordSeparator::colon;
     case u'/': {
         const bool isPath = isTight && (marks.size() > 1 || word.isLower());
         return isPath ? WordSeparator::glued : WordSeparator::slash;

@@ -1,5 +1,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NameSurroundings.h"
 
+#include "VeilshotCore/Analysis/NameTagging/NameSpelling.h"
+
 #include <algorithm>
 #include <array>
 
@@ -71,6 +73,12 @@ double evidenceOfFilledLine(const NameLine& line, NameSpan span) {
     const NameWord& closing = line.word(span.last);
     if (opening.is(WordTrait::strongFirstName) && isUnexplained(closing, ratherStrange))
         return opening.is(anyMeaning) ? 0.9 : 0.6;
+    const auto isSpeltLikeName = [](const NameWord& word) {
+        constexpr double least = 0.5;
+        return !word.is(anyMeaning) && !word.is(anyName) && spellingOfName(word.folded) >= least;
+    };
+    if (isSpeltLikeName(opening) && isUnexplained(closing, ratherStrange))
+        return 1.6;
     const bool isBeforeName = closing.is(WordTrait::strongFirstName | WordTrait::strongLastName);
     if (!isUnexplained(opening, isBeforeName ? ratherStrange : strange) || !isUnexplained(closing, strange))
         return 0;

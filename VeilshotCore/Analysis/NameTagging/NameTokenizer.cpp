@@ -56,6 +56,16 @@ qsizetype endOfWord(QStringView line, qsizetype from) {
     return at;
 }
 
+/// "Hyun-woo", the way Korean names are written: two short halves, the second without a capital.
+bool isShortPair(QStringView word) {
+    constexpr qsizetype longest = 5;
+    const auto hyphen = std::find_if(word.begin(), word.end(), [](QChar c) { return isHyphen(c.unicode()); });
+    const qsizetype first = hyphen - word.begin();
+    const qsizetype second = word.end() - hyphen - 1;
+    return first >= 2 && first <= longest && second >= 2 && second <= longest &&
+           std::all_of(hyphen + 1, word.end(), [](QChar c) { return c.isLower(); });
+}
+
 /// Whether the capitals of a word that has both cases stand only where a name has them.
 bool isTitleCase(QStringView word) {
     const bool isArabicArticle = word.size() > 3 && isHyphen(word[2].unicode()) &&
@@ -71,7 +81,7 @@ bool isTitleCase(QStringView word) {
                                   (at == 2 && word.startsWith(u"Mc")) || (at == 3 && word.startsWith(u"Mac"));
         if (word[at].isUpper() && !mayBeCapital)
             return false;
-        if (isHyphen(previous.unicode()) && word[at].isLower())
+        if (isHyphen(previous.unicode()) && word[at].isLower() && !isShortPair(word))
             return false;
     }
     return true;

@@ -81,10 +81,14 @@ Company companyOf(const std::vector<Cell>& cells, const QString& label) {
     const auto names = std::count_if(begin, cells.end(), [](const Cell& cell) { return cell.isName(); });
     // Otherwise the labels of a form, one below the other.
     const bool hasValues = std::none_of(begin, cells.end(), [](const Cell& cell) { return cell.isLabel; });
+    const auto likely = std::count_if(begin, cells.end(), [](const Cell& cell) { return cell.mayBeName(); });
+    // Below the header of a column stand mostly names, below the label of a form other labels.
     if (hasValues && isLabelOfName(label) && values > 1)
-        return Company::names;
+        return 2 * likely >= values ? Company::names : Company::people;
     // A single value beside a label may be a button: "Owner", "Mark Complete".
     const bool isStranger = values == 1 && begin->hasShapeOfName && !begin->hasMeaning;
+    if (hasValues && isLabelOfName(label) && isStranger)
+        return Company::names;
     if (hasValues && isLabelOfPerson(label) && (names > 0 || isStranger))
         return Company::people;
     return names >= 2 && 5 * names >= 3 * values ? Company::people : Company::mixed;

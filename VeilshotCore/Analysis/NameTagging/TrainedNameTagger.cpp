@@ -1,7 +1,11 @@
 #include "VeilshotCore/Analysis/NameTagging/TrainedNameTagger.h"
 
+#include "VeilshotCore/Analysis/NameTagging/JoinedNames.h"
+#include "VeilshotCore/Analysis/NameTagging/NameDoubts.h"
 #include "VeilshotCore/Analysis/NameTagging/NameEvidence.h"
 #include "VeilshotCore/Analysis/NameTagging/NameFeatures.h"
+#include "VeilshotCore/Analysis/NameTagging/NamePatterns.h"
+#include "VeilshotCore/Analysis/NameTagging/NameSections.h"
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
 
 #include <QFile>
@@ -35,30 +39,6 @@ WordTraits traitsBefore(const std::vector<NameToken>& tokens, qsizetype location
     return word == tokens.rend() ? WordTraits() : NameLexicon::shared().traits(word->folded);
 }
 
-/// "Ezra's number", "Konrads mor": a first name that owns something; a common one may also be an ordinary
-/// word.
-bool isOwner(TextRange listed, const std::vector<NameToken>& tokens) {
-    const auto name = std::ranges::find(tokens, listed, &NameToken::range);
-    if (name == tokens.end() || name->letterCase != NameToken::LetterCase::title)
-        return false;
-    const NameLexicon& lexicon = NameLexicon::shared();
-    auto owned = name + 1;
-    std::string_view key = name->folded;
-    if (owned != tokens.end() && owned->kind == NameToken::Kind::possessive)
-        ++owned;
-    else if (key.ends_with('s') && !lexicon.traits(key))
-        key.remove_suffix(1);
-    else
-        return false;
-    constexpr WordTraits ordinary = WordTrait::frequentWord | WordTrait::word | WordTrait::rareWord |
-                                    WordTrait::danishWord | WordTrait::rareDanishWord | WordTrait::auxiliary;
-    const WordTraits traits = lexicon.traits(key);
-    const bool isName = (traits & anyFirstName) && !(traits & anyMeaning);
-    const bool isCommonName = (traits & WordTrait::strongFirstName) && !(traits & anyMeaning & ~ordinary);
-    return (isName || isCommonName) && owned != tokens.end() &&
-           owned->letterCase == NameToken::LetterCase::lower;
-}
-
 /// Whether a word of the range is in the lists, or no other word is in the line.
 bool isListedOrAlone(TextRange range, QStringView line, const std::vector<NameToken>& tokens) {
     const auto isWord = [](const NameToken& token) { return token.kind == NameToken::Kind::word; };
@@ -71,25 +51,19 @@ bool isListedOrAlone(TextRange range, QStringView line, const std::vector<NameTo
            });
 }
 
+/// "From: Tjorven Uhlenbrock", "author = Tjorven Uhlenbrock".
+bool isLabelled(TextRange range, QStringView line, const std::vector<NameToken>& tokens) {
+    const QStringView before = line.first(range.location).trimmed();
+    return (before.endsWith(u':') || before.endsWith(u'=')) &&
+           traitsBefore(tokens, range.location).testFlag(WordTrait::label);
+}
+
 /// Whether the lists are trusted more than the model: with names of several words and with what follows a
 /// title they are hardly ever wrong.
 bool isCertain(TextRange listed, QStringView line, const std::vector<NameToken>& tokens) {
     return (line.sliced(listed.location, listed.length).contains(u' ') &&
-            isListedOrAlone(listed, line, tokens)) ||
-           traitsBefore(tokens, listed.location).testFlag(WordTrait::title) || isOwner(listed, tokens);
-}
-
-/// Whether the model may be wrong about the single word: it means something else and is in no list of names
-/// ("Dough is alive"), is in none and has no capital, or it fills the line and means something else as well
-/// or does not look like a name ("Gul", "IBAN").
-bool isDoubtful(const NameToken& word, QStringView line, const std::vector<NameToken>& tokens) {
-    const WordTraits traits = lineWordTraits(NameLexicon::shared(), word, line);
-    const bool hasMeaning = bool(traits & anyMeaning);
-    const bool isName = bool(traits & anyName);
-    const bool fillsLine = tokens.size() == 1;
-    const bool looksLikeName = word.letterCase == NameToken::LetterCase::title;
-    const bool isSmall = word.letterCase == NameToken::LetterCase::lower;
-    return ((hasMeaning || isSmall) && !isName) || (fillsLine && (hasMeaning || !looksLikeName));
+            (isListedOrAlone(listed, line, tokens) || isLabelled(listed, line, tokens))) ||
+           traitsBefore(tokens, listed.location).testFlag(WordTrait::title);
 }
 
 /// Where a blank is missing between a first and a last name that recognition ran together: "LeonieSenger". At
@@ -122,19 +96,12 @@ std::vector<qsizetype> lostBlanks(QStringView line) {
     return lost;
 }
 
-/// "10.0.0.7 - Victoria", "09:30 Florence": a town that people are called after, in a line of numbers.
-bool isTownAmongNumbers(const NameToken& word, const std::vector<NameToken>& tokens) {
-    const auto isOtherWord = [&](const NameToken& token) {
-        return token.kind == NameToken::Kind::word && token.range != word.range;
-    };
-    return NameLexicon::shared().traits(word.folded).testFlag(WordTrait::place) &&
-           std::ranges::count(tokens, NameToken::Kind::number, &NameToken::kind) > 1 &&
-           std::ranges::none_of(tokens, isOtherWord);
-}
-
-/// Two digits may be letters misread, more are none.
-bool isCode(QStringView text) {
-    return std::ranges::count_if(text, [](QChar c) { return c.isDigit(); }) > 2;
+/// Whether there are no letters beside the name.
+bool fillsSection(TextRange name, QStringView section) {
+    const auto isLetter = [](QChar c) { return c.isLetter(); };
+    return section.sliced(name.location, name.length).contains(u' ') &&
+           std::ranges::none_of(section.first(name.location), isLetter) &&
+           std::ranges::none_of(section.sliced(name.end()), isLetter);
 }
 
 std::vector<TextRange> merged(std::vector<TextRange> ranges) {
@@ -158,6 +125,18 @@ TrainedNameTagger::TrainedNameTagger(const QByteArray& model) : m_segmenter(segm
 std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) const {
     if (hasCells(line))
         return namesInCells(line, *this);
+    std::vector<TextRange> names = namesInWhole(line);
+    for (const TextRange section : nameSections(line)) {
+        const QString text = line.sliced(section.location, section.length);
+        for (const TextRange name : namesInWhole(text)) {
+            if (fillsSection(name, text))
+                names.push_back({section.location + name.location, name.length});
+        }
+    }
+    return merged(std::move(names));
+}
+
+std::vector<TextRange> TrainedNameTagger::namesInWhole(const QString& line) const {
     const std::vector<qsizetype> lost = lostBlanks(line);
     if (lost.empty())
         return namesAsWritten(line);
@@ -179,24 +158,24 @@ std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) con
 }
 
 std::vector<TextRange> TrainedNameTagger::namesAsWritten(const QString& line) const {
+    const NameLexicon& lexicon = NameLexicon::shared();
     const std::vector<TextRange> listed = m_listTagger.personalNames(line);
     if (!m_segmenter)
         return listed;
     const std::vector<NameToken> tokens = nameTokens(line);
-    std::vector<TextRange> names;
-    for (const TokenSpan& name :
-         m_segmenter->names(nameFeatures(NameLexicon::shared(), line, tokens, listed))) {
+    std::vector<TextRange> names = namesByPattern(lexicon, line);
+    for (const TokenSpan& name : m_segmenter->names(nameFeatures(lexicon, line, tokens, listed))) {
         const qsizetype start = tokens[name.first].range.location;
         const TextRange range{start, tokens[name.last].range.end() - start};
         const bool isAgreed = std::ranges::find(listed, range) != listed.end();
-        if (isCode(QStringView(line).sliced(range.location, range.length)) ||
-            (name.first == name.last && isTownAmongNumbers(tokens[name.first], tokens)))
-            continue;
-        if (isAgreed || name.first != name.last || !isDoubtful(tokens[name.first], line, tokens))
+        if (isAgreed || !isDoubtfulName(range, line, tokens))
             names.push_back(range);
     }
     std::ranges::copy_if(listed, std::back_inserter(names),
                          [&](TextRange range) { return isCertain(range, line, tokens); });
+    std::erase_if(names, [&](TextRange name) { return isOtherThanName(name, line, tokens); });
+    names = merged(std::move(names));
+    std::ranges::copy(namesJoinedTo(names, lexicon, line), std::back_inserter(names));
     return merged(std::move(names));
 }
 

@@ -23,6 +23,7 @@ public:
     std::vector<TextRange> personalNames(const QString& line) const override;
 
 private:
+    std::vector<TextRange> namesInWhole(const QString& line) const;
     std::vector<TextRange> namesAsWritten(const QString& line) const;
 
     std::shared_ptr<const NameSegmenter> m_segmenter; ///< null without a model

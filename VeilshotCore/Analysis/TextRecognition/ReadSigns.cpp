@@ -21,6 +21,8 @@ void settleNumbers(QString& text) {
         // behind a number sign; thousands
         RegularExpression(uR"((?<=#)\d+(-)\d+(?![\d-]))"
                           uR"(|(?<![\d+()\p{L}-] ?)[1-9]( )\d{3}( )\d{3}(?![\d()-]| [\d(-]))"),
+        // status and size in the log of a web server
+        RegularExpression(uR"((?<=HTTP/\d(?:\.\d)?["”'] )\d{3}( )\d+)"),
         // from year to year
         RegularExpression(uR"((?<![\d-])(?:19|20)\d\d ?(-) ?(?:19|20)\d\d(?![\d-]))"),
         // what has a number of its own

@@ -29,11 +29,13 @@ TEST(NamesInCells, AreToldByTheLabelOrTheCompanyOfACell) {
         {{u"Assignee"_s, u"Tuuli Bäckström"_s}, {u"Tuuli Bäckström"_s}},
         {{u"Assignee"_s, u"Nobody yet"_s}, {}},
         {{u"Owner"_s, u"Mark Complete"_s}, {}},
+        {{u"Surname"_s, u"TREBARWITH-OBUZOR"_s}, {u"TREBARWITH-OBUZOR"_s}},
         {{u"First name"_s, u"Description"_s}, {}}, // a header and the next
         {{QString(), u"Ove Juul"_s, u"Ida"_s}, {u"Ove Juul"_s, u"Ida"_s}},
         {{u"Guests"_s, u"Ove Juul"_s, u"Yes"_s, u"Xiomara Peña"_s}, {u"Ove Juul"_s, u"Xiomara Peña"_s}},
         {{u"Guests"_s, u"Awaiting"_s, u"Maybe"_s}, {}},
         {{u"First name"_s, u"Last name"_s, u"Description"_s, u"Office"_s}, {}}, // a form
+        {{u"Full name"_s, u"Description"_s, u"Office"_s}, {}},
         {{u"Wednesday"_s, u"Ove Juul"_s, u"Ida"_s, u"Hjalte"_s, u"Bo Lund"_s, u"Monday"_s},
          {u"Ove Juul"_s, u"Ida"_s, u"Hjalte"_s, u"Bo Lund"_s}},
         {{u"Where"_s, u"Ida"_s, u"Skanderborg"_s, u"Odder"_s, u"Hjalte"_s}, {u"Ida"_s}},

@@ -68,6 +68,7 @@ TEST(LineAssembly, WritesSignsSoThatNoNumberToCallComesOfThem) {
         {u"2025-03-18 in Ry"_s, u"2025‑03‑18 in Ry"_s},
         {u"1985-03-18 in Ry"_s, u"1985-03-18 in Ry"_s},
         {u"født 2019-06-03"_s, u"født 2019-06-03"_s},
+        {u"GET / HTTP/1.1\" 200 5120"_s, u"GET / HTTP/1.1\" 200\u00a05120"_s},
         {u"Leave 2024-2025"_s, u"Leave 2024‑2025"_s},
         {u"Faktura 2025-118, order no. A4410-228-71."_s, u"Faktura 2025‑118, order no. A4410‑228‑71."_s},
         {u"my order, 555-010-2277"_s, u"my order, 555-010-2277"_s},

@@ -1,0 +1,95 @@
+#include "VeilshotCore/Analysis/NameTagging/JoinedNames.h"
+
+#include "VeilshotCore/Analysis/NameTagging/NameLine.h"
+#include "VeilshotCore/Analysis/NameTagging/NameSpelling.h"
+
+#include <algorithm>
+
+namespace Veilshot {
+
+namespace {
+
+using LetterCase = NameToken::LetterCase;
+
+enum class Joint { none, comma, link };
+
+bool isJoinedBySign(const NameLine& line, size_t at) {
+    return line.word(at).before == WordSeparator::ampersand ||
+           (line.word(at).before == WordSeparator::other && line.isFollowedBy(at - 1, u"+"));
+}
+
+/// What joins the words up to `end` (exclusive) to those from `end` on; a link stands in between.
+Joint jointAt(const NameLine& line, size_t end) {
+    if (end == 0 || end >= line.size())
+        return Joint::none;
+    if (isJoinedBySign(line, end) || line.word(end).isLink())
+        return Joint::link;
+    return line.word(end).before == WordSeparator::comma ? Joint::comma : Joint::none;
+}
+
+/// Whether all of the words may belong to a name: first names, or words that mean nothing else and are not
+/// spelt like Danish nouns.
+bool mayBeName(const NameLine& line, NameSpan span) {
+    constexpr double least = -1.5;
+    constexpr size_t longestName = 4;
+    double spelling = 0;
+    const NameWord& opening = line.word(span.first);
+    if (span.isSingle() && opening.is(anyLastName) && !opening.is(anyFirstName))
+        return false; // "Marlowe & Pike"
+    for (size_t at = span.first; at <= span.last; ++at) {
+        const NameWord& word = line.word(at);
+        const bool isShaped = word.letterCase == LetterCase::title && word.canBeName && word.range.length > 2;
+        const bool isFirstName =
+            word.is(WordTrait::strongFirstName) && !word.is(WordTrait::place | WordTrait::functionWord);
+        if (!isShaped || (word.is(anyMeaning) && !isFirstName))
+            return false;
+        spelling += word.is(anyName) ? 0 : spellingOfName(word.folded);
+    }
+    return span.last - span.first < longestName && spelling >= least;
+}
+
+} // namespace
+
+std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const NameLexicon& lexicon,
+                                     QStringView text) {
+    if (names.empty())
+        return {};
+    const NameLine line(lexicon, text);
+    const auto isFound = [&](size_t at) {
+        return at < line.size() && std::ranges::any_of(names, [&](TextRange name) {
+                   return name.intersects(line.word(at).range);
+               });
+    };
+    bool isLabelled = false;
+    for (size_t at = 1; at < line.size(); ++at)
+        isLabelled = isLabelled ||
+                     (line.word(at).before == WordSeparator::colon && line.word(at - 1).is(WordTrait::label));
+
+    std::vector<TextRange> joined;
+    const auto canJoin = [&](size_t neighbour, Joint joint, NameSpan span) {
+        // Behind a name and a comma there often stands a town.
+        const bool isList = isLabelled || (names.size() > 1 && !span.isSingle());
+        return isFound(neighbour) && (joint == Joint::link || (joint == Joint::comma && isList));
+    };
+    for (size_t first = 0; first < line.size();) {
+        size_t last = first;
+        while (last + 1 < line.size() && line.word(last + 1).touches() && line.word(last + 1).isCapitalized())
+            ++last;
+        const bool isFree = first == 0 || !line.word(first).touches() || line.word(first - 1).isLower();
+        if (isFree && !isFound(first) && !isFound(last) && mayBeName(line, {first, last})) {
+            const bool isAfterLink = first > 1 && line.word(first - 1).isLink();
+            const size_t behind = last + 1 + (line.word(last + 1).isLink() ? 1 : 0);
+            const bool joinsLeft =
+                first > 0 && (isAfterLink ? canJoin(first - 2, Joint::link, {first, last})
+                                          : canJoin(first - 1, jointAt(line, first), {first, last}));
+            if (joinsLeft || canJoin(behind, jointAt(line, last + 1), {first, last})) {
+                const qsizetype start = line.word(first).range.location;
+                joined.push_back({start, line.word(last).range.end() - start});
+            }
+        }
+        first = last + 1;
+    }
+    return joined;
+}
+
+} // namespace Veilshot
