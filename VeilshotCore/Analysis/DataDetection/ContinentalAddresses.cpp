@@ -33,7 +33,7 @@ QString frenchAddress() {
 QString streetBehindItsType() {
     return beforeName() +
            uR"((?:Calle|Rue|Chaussée|Avenue|Boulevard|Alameda|Plaza(?!\s+(?:Suite|Unit|Floor|Level|Room|Apt)\b)|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via(?!\s+(?:e-?mail|Mail|SMS|App|API|Web|Phone|Zoom|Teams|Slack|Chat|Port|Link|USB|WiFi|Email|E-[Mm]ail)\b)|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
-           uR"((?:(?:de|dei|del|della|delle|di|da|do|dos|la|las|los|el)\s+){0,2})"_s +
+           uR"((?:(?:de|dei|del|dels|della|delle|degli|di|da|das|do|dos|la|las|los|el)\s+){0,2})"_s +
            name() + uR"((?:\s+)"_s + name() +
            uR"(){0,2},?\s+\d{1,4}(?:\s?(?!m\.)[A-Za-z]\b|/\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
 }
@@ -45,6 +45,15 @@ QString japaneseBlock() {
         {beforeNumber() +
              uR"(\d{1,2}-\d{1,2}-\d{1,2}\s+(?!(?i:jan|feb|mar|apr|ma[iy]|ju[nl]|aug|sep|o[ck]t|nov|dec|mon|tue|wed|thu|fri|sat|sun))\p{Lu}\p{Ll}{3,20}(?=\s*(?:,|$|\t)))"_s,
          uR"(\p{Lu}\p{Ll}{2,20}-(?:ku|shi|cho|machi)(?:,?\s+\p{Lu}\p{Ll}{2,20})?\s+\d{3}-\d{4}(?!\d))"_s});
+}
+
+// Korea: "Mangwon-ro 84, Mapo-gu, Seoul 04016"
+
+QString koreanStreet() {
+    return beforeName() +
+           uR"(\p{Lu}\p{Ll}{2,20}-(?:daero|ro|gil)(?:\s\d{1,3}-gil)?\s\d{1,4}(?:-\d{1,3})?(?![\w%]|[.,]\d))"_s +
+           optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}-(?:gu|si|gun|dong))"_s) +
+           optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}\s\d{5}(?!\d))"_s);
 }
 
 // Denmark, Norway, Sweden, Germany: the number follows the street
@@ -131,9 +140,9 @@ QString continentalAddress() {
 } // namespace
 
 QStringList continentalAddresses() {
-    return {frenchStreet(),      frenchAddress(),       streetBehindItsType(), japaneseBlock(),
-            nordicStreet(),      nordicStreetOfWords(), lowercaseStreet(),     continentalAddress(),
-            streetBeforeFloor(), streetByItsPlace()};
+    return {frenchStreet(),       frenchAddress(),     streetBehindItsType(), japaneseBlock(),
+            koreanStreet(),       nordicStreet(),      nordicStreetOfWords(), lowercaseStreet(),
+            continentalAddress(), streetBeforeFloor(), streetByItsPlace()};
 }
 
 } // namespace Veilshot

@@ -62,7 +62,9 @@ TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
                              "ul. Hoża 51 m. 8",
                              "00-681 Warszawa",
                              "3531 CJ Utrecht",
-                             "Taito-ku 110-0001"})
+                             "Taito-ku 110-0001",
+                             "Rua das Flores 214, 3.º Esq.",
+                             "Donggyo-ro 12, Mapo-gu, Seoul 04016"})
         EXPECT_EQ(addressesIn(line), std::vector<std::string>{line});
 }
 
