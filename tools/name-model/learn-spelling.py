@@ -17,9 +17,9 @@ import random
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 OUTPUT = ROOT / "VeilshotCore/Analysis/NameTagging/Data/NameSpelling.bin"
-SPECIFICATION = importlib.util.spec_from_file_location("lexicon", ROOT / "tools/build-name-lexicon.py")
-lexicon = importlib.util.module_from_spec(SPECIFICATION)
-SPECIFICATION.loader.exec_module(lexicon)
+LEXICON_MODULE = importlib.util.spec_from_file_location("lexicon", ROOT / "tools/build-name-lexicon.py")
+lexicon = importlib.util.module_from_spec(LEXICON_MODULE)
+LEXICON_MODULE.loader.exec_module(lexicon)
 
 BITS = 15
 STEPS = 32
