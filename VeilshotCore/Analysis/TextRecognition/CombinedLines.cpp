@@ -58,7 +58,7 @@ bool goesOnInCell(const QString& upper, const QString& lower) {
         uR"(^(?:\d{4,5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|(?:st|kl|\d{1,2})\.? ?(?:sal)?,? ?(?:t[vh]|mf)\.?)$)");
     static const RegularExpression restOfNumber(uR"(^\d{2,4}(?: \d{2})?$)");
     static const RegularExpression begunNumber(uR"([\p{L}+,].*\d{2} \d{2,4}$)");
-    static const RegularExpression postcode(uR"(\d, \d{4,5}$|, \d{4,5}$)");
+    static const RegularExpression postcode(uR"(, \d{4,5}$)");
     static const RegularExpression word(uR"(\p{L}{2})");
     return (restOfAddress.hasMatch(lower) && word.hasMatch(upper)) ||
            (restOfNumber.hasMatch(lower) && begunNumber.hasMatch(upper)) ||
