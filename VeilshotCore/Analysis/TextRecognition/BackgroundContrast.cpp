@@ -34,8 +34,9 @@ constexpr int leastBadgeHeight = 9;
 constexpr double leastShareOfEdge = 0.85;
 constexpr double leastWidthOfCell = 1.3; // in heights
 
-/// And one into which a circle of this radius fits, such as the rest of a table's cell beside what covers it:
-/// no stroke of a letter is as thick.
+/// And one of the colour of a large background if a circle of this radius fits into it, such as the rest of a
+/// table's cell beside what covers it: no stroke of a letter is as thick.
+constexpr int leastRestSurface = 1'000;
 constexpr double thickestStroke = 14;
 
 /// An area as low as a line of text is the ground of one only if it fills its box; holes and all, letters do
@@ -64,6 +65,7 @@ int median(const std::array<int, 256>& counts) {
 
 struct Area {
     int surface = 0;
+    cv::Vec3b colour; ///< of its first pixel
     int left = INT_MAX, top = INT_MAX, right = -1, bottom = -1;
 
     cv::Rect box() const { return {left, top, right - left + 1, bottom - top + 1}; }
@@ -109,7 +111,7 @@ Areas findAreas(const cv::Mat& colours) {
             int& index = dense[sets.find(labels[x])];
             if (index < 0) {
                 index = static_cast<int>(areas.list.size());
-                areas.list.emplace_back();
+                areas.list.emplace_back().colour = colours.at<cv::Vec3b>(y, x);
             }
             labels[x] = index;
             Area& area = areas.list[index];
@@ -176,16 +178,37 @@ bool isBackground(const Areas& areas, int index) {
     if (boxSurface > largeBoxSurface)
         return area.surface > largeSurface; // otherwise the thin outline of a box
     const int holes = enclosedHoles(areas.labels, index, box);
-    return holes >= leastEnclosedHoles || (holes > 0 && isCell(areas.labels, index, box)) ||
-           isThick(areas.labels, index, box);
+    return holes >= leastEnclosedHoles || (holes > 0 && isCell(areas.labels, index, box));
+}
+
+/// For each area 0 if it is background, 255 otherwise.
+std::vector<uchar> maskOfAreas(const Areas& areas) {
+    std::vector<uchar> mask;
+    std::vector<cv::Vec3b> largeColours;
+    for (int index = 0; index < static_cast<int>(areas.list.size()); ++index) {
+        const bool isGround = isBackground(areas, index);
+        mask.push_back(isGround ? 0 : 255);
+        if (isGround && areas.list[index].surface > largeSurface)
+            largeColours.push_back(areas.list[index].colour);
+    }
+    const auto isRest = [&](int index) {
+        const Area& area = areas.list[index];
+        return area.surface > leastRestSurface &&
+               std::ranges::any_of(largeColours,
+                                   [&](auto colour) { return hasSameColour(area.colour, colour); }) &&
+               isThick(areas.labels, index, area.box());
+    };
+    for (int index = 0; index < static_cast<int>(mask.size()); ++index) {
+        if (mask[index] && isRest(index))
+            mask[index] = 0;
+    }
+    return mask;
 }
 
 /// 0 on background pixels, 255 elsewhere.
 cv::Mat foregroundMask(const cv::Mat& colours) {
     const Areas areas = findAreas(colours);
-    std::vector<uchar> mask(areas.list.size());
-    for (std::size_t index = 0; index < mask.size(); ++index)
-        mask[index] = isBackground(areas, static_cast<int>(index)) ? 0 : 255;
+    const std::vector<uchar> mask = maskOfAreas(areas);
     cv::Mat foreground(colours.size(), CV_8U);
     for (int y = 0; y < colours.rows; ++y) {
         const int* labels = areas.labels.ptr<int>(y);
