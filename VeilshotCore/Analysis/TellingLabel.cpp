@@ -22,7 +22,7 @@ bool isLabelOfDetail(const QString& text) {
 
 bool isLabelOfName(const QString& text) {
     static const RegularExpression expression(
-        uR"(^(?:(?:first|last|given|family|full|maiden|middle)[ _]?names?|surname|(?:for|efter|mellem)navne?)[*:]?$)");
+        uR"(^(?:(?:first|last|given|family|full|maiden|middle)[ _]?names?|given|surname|(?:for|efter|mellem)navne?)[*:]?$)");
     return text.size() <= longestLabel && expression.hasMatch(text);
 }
 

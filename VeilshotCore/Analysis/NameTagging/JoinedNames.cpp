@@ -41,7 +41,10 @@ bool mayBeName(const NameLine& line, NameSpan span) {
         const bool isShaped = word.letterCase == LetterCase::title && word.canBeName && word.range.length > 2;
         const bool isFirstName =
             word.is(WordTrait::strongFirstName) && !word.is(WordTrait::place | WordTrait::functionWord);
-        if (!isShaped || (word.is(anyMeaning) && !isFirstName))
+        // "Bill Church" among other names.
+        const bool isLastName = at == span.last && !span.isSingle() &&
+                                opening.is(WordTrait::strongFirstName) && word.is(WordTrait::strongLastName);
+        if (!isShaped || (word.is(anyMeaning) && !isFirstName && !isLastName))
             return false;
         spelling += word.is(anyName) ? 0 : spellingOfName(word.folded);
     }
@@ -60,7 +63,7 @@ std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const 
                    return name.intersects(line.word(at).range);
                });
     };
-    bool isLabelled = false;
+    bool isLabelled = line.size() > 1 && line.word(0).is(WordTrait::label) && line.word(1).touches();
     for (size_t at = 1; at < line.size(); ++at)
         isLabelled = isLabelled ||
                      (line.word(at).before == WordSeparator::colon && line.word(at - 1).is(WordTrait::label));
@@ -71,11 +74,19 @@ std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const 
         const bool isList = isLabelled || (names.size() > 1 && !span.isSingle());
         return isFound(neighbour) && (joint == Joint::link || (joint == Joint::comma && isList));
     };
+    const auto isLabel = [&](size_t at) {
+        return line.word(at).is(WordTrait::label) && !line.word(at).is(anyName);
+    };
     for (size_t first = 0; first < line.size();) {
+        if (isLabel(first)) {
+            ++first;
+            continue;
+        }
         size_t last = first;
         while (last + 1 < line.size() && line.word(last + 1).touches() && line.word(last + 1).isCapitalized())
             ++last;
-        const bool isFree = first == 0 || !line.word(first).touches() || line.word(first - 1).isLower();
+        const bool isFree =
+            first == 0 || !line.word(first).touches() || line.word(first - 1).isLower() || isLabel(first - 1);
         if (isFree && !isFound(first) && !isFound(last) && mayBeName(line, {first, last})) {
             const bool isAfterLink = first > 1 && line.word(first - 1).isLink();
             const size_t behind = last + 1 + (line.word(last + 1).isLink() ? 1 : 0);

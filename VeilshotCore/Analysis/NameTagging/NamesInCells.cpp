@@ -54,6 +54,7 @@ Cell examined(const QString& line, TextRange range, const NameTagger& tagger) {
     const WordTraits noName =
         WordTrait::organisation | WordTrait::product | WordTrait::functionWord | WordTrait::title;
     bool isShaped = true;
+    bool isBehindFirstName = false;
     for (const NameToken& token : nameTokens(text)) {
         if (token.kind != NameToken::Kind::word) {
             isShaped = isShaped && token.kind == NameToken::Kind::punctuation;
@@ -64,7 +65,9 @@ Cell examined(const QString& line, TextRange range, const NameTagger& tagger) {
         const bool isCapital = token.letterCase != NameToken::LetterCase::lower &&
                                token.letterCase != NameToken::LetterCase::none;
         isShaped = isShaped && !token.hasDigits && !(traits & noName) &&
-                   (isCapital || traits.testFlag(WordTrait::particle));
+                   // A surname whose first letter was misread may begin with a small one: "Zbigniew topatka".
+                   (isCapital || traits.testFlag(WordTrait::particle) || (isBehindFirstName && !traits));
+        isBehindFirstName = (traits & anyFirstName) && !(traits & anyMeaning);
         cell.hasKnownName = cell.hasKnownName || (traits & anyName);
         cell.hasMeaning = cell.hasMeaning || (traits & anyMeaning);
     }

@@ -8,6 +8,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NameSections.h"
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
 #include "VeilshotCore/Analysis/NameTagging/RepeatedNames.h"
+#include "VeilshotCore/Analysis/NameTagging/UnmistakableNames.h"
 
 #include <QFile>
 #include <algorithm>
@@ -176,6 +177,7 @@ std::vector<TextRange> TrainedNameTagger::namesAsWritten(const QString& line) co
     }
     std::ranges::copy_if(listed, std::back_inserter(names),
                          [&](TextRange range) { return isCertain(range, line, tokens); });
+    std::ranges::copy(unmistakableNames(lexicon, line), std::back_inserter(names));
     std::erase_if(names, [&](TextRange name) { return isOtherThanName(name, line, tokens); });
     names = merged(std::move(names));
     std::ranges::copy(namesJoinedTo(names, lexicon, line), std::back_inserter(names));

@@ -28,6 +28,8 @@ TEST(NamesInCells, AreToldByTheLabelOrTheCompanyOfACell) {
         {{u"Last name"_s, u"Achterberg"_s, u"Hope"_s, u"2013"_s}, {u"Achterberg"_s, u"Hope"_s}},
         {{u"Assignee"_s, u"Tuuli Bäckström"_s}, {u"Tuuli Bäckström"_s}},
         {{u"Assignee"_s, u"Nobody yet"_s}, {}},
+        {{u"Author"_s, u"Ove Juul"_s, u"Zbigniew topatka"_s, u"Ida"_s},
+         {u"Ove Juul"_s, u"Zbigniew topatka"_s, u"Ida"_s}},
         {{u"Owner"_s, u"Mark Complete"_s}, {}},
         {{u"Surname"_s, u"TREBARWITH-OBUZOR"_s}, {u"TREBARWITH-OBUZOR"_s}},
         {{u"First name"_s, u"Description"_s}, {}}, // a header and the next

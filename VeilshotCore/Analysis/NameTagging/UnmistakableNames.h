@@ -1,0 +1,19 @@
+#pragma once
+
+#include "VeilshotCore/Analysis/NameTagging/NameLexicon.h"
+#include "VeilshotCore/Analysis/TextRange.h"
+
+#include <QStringView>
+#include <vector>
+
+namespace Veilshot {
+
+/// Names that need no weighing:
+/// - what stands behind a title, whatever else it means: "Mr Church", "Dr. June Castle";
+/// - a common first name that means nothing else, with the surname behind it, and such a last name where
+/// people
+///   are spoken of: "asked Thaddeus Crumb", "with Pugh on Sunday";
+/// - words of which a mail address in the line is made: "Park,Ha-eun,haeun.park@naru.example".
+std::vector<TextRange> unmistakableNames(const NameLexicon& lexicon, QStringView text);
+
+} // namespace Veilshot
