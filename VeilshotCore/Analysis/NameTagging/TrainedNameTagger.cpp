@@ -7,6 +7,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NamePatterns.h"
 #include "VeilshotCore/Analysis/NameTagging/NameSections.h"
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
+#include "VeilshotCore/Analysis/NameTagging/RepeatedNames.h"
 
 #include <QFile>
 #include <algorithm>
@@ -123,6 +124,8 @@ TrainedNameTagger::TrainedNameTagger() : m_segmenter(builtInSegmenter()) {}
 TrainedNameTagger::TrainedNameTagger(const QByteArray& model) : m_segmenter(segmenterOf(model)) {}
 
 std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) const {
+    if (hasRepeatedWord(line))
+        return repeatedNames(line, *this);
     if (hasCells(line))
         return namesInCells(line, *this);
     std::vector<TextRange> names = namesInWhole(line);

@@ -34,6 +34,10 @@ constexpr int leastBadgeHeight = 9;
 constexpr double leastShareOfEdge = 0.85;
 constexpr double leastWidthOfCell = 1.3; // in heights
 
+/// And one into which a circle of this radius fits, such as the rest of a table's cell beside what covers it:
+/// no stroke of a letter is as thick.
+constexpr double thickestStroke = 14;
+
 /// An area as low as a line of text is the ground of one only if it fills its box; holes and all, letters do
 /// not.
 constexpr int tallestLine = 160;
@@ -149,6 +153,18 @@ bool isCell(const cv::Mat& labels, int index, const cv::Rect& box) {
            runsAlong(inside.col(box.width - 1));
 }
 
+bool isThick(const cv::Mat& labels, int index, const cv::Rect& box) {
+    if (std::min(box.width, box.height) < 2 * thickestStroke)
+        return false;
+    cv::Mat inside;
+    cv::copyMakeBorder(labels(box) == index, inside, 1, 1, 1, 1, cv::BORDER_CONSTANT, cv::Scalar(0));
+    cv::Mat depth;
+    cv::distanceTransform(inside, depth, cv::DIST_L2, cv::DIST_MASK_3);
+    double deepest = 0;
+    cv::minMaxLoc(depth, nullptr, &deepest);
+    return deepest > thickestStroke;
+}
+
 bool isBackground(const Areas& areas, int index) {
     const Area& area = areas.list[index];
     const cv::Rect box = area.box();
@@ -160,7 +176,8 @@ bool isBackground(const Areas& areas, int index) {
     if (boxSurface > largeBoxSurface)
         return area.surface > largeSurface; // otherwise the thin outline of a box
     const int holes = enclosedHoles(areas.labels, index, box);
-    return holes >= leastEnclosedHoles || (holes > 0 && isCell(areas.labels, index, box));
+    return holes >= leastEnclosedHoles || (holes > 0 && isCell(areas.labels, index, box)) ||
+           isThick(areas.labels, index, box);
 }
 
 /// 0 on background pixels, 255 elsewhere.

@@ -3,7 +3,7 @@
 #include "VeilshotCore/Analysis/ColumnLine.h"
 #include "VeilshotCore/Analysis/RegularExpression.h"
 #include "VeilshotCore/Analysis/TellingLabel.h"
-#include "VeilshotCore/Analysis/TextRecognition/ReadSigns.h"
+#include "VeilshotCore/Analysis/TextRecognition/ReadingPart.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPlacement.h"
 
 #include <algorithm>
@@ -102,56 +102,18 @@ bool hasLabel(const QString& text) {
     return expression.hasMatch(text);
 }
 
-/// A part of a reading: from one character on up to another.
-struct Part {
-    const SegmentReading& reading;
-    TextRange range;
-
-    QString text() const { return reading.text.sliced(range.location, range.length); }
-
-    std::vector<RecognizedLine::Symbol> symbols(qsizetype offset, QSize image) const {
-        std::vector<RecognizedLine::Symbol> symbols;
-        for (const SegmentReading::Symbol& symbol : reading.symbols) {
-            if (symbol.range.intersects(range))
-                symbols.push_back({{symbol.range.location - range.location + offset, symbol.range.length},
-                                   NormalizedRect::fromPixels(symbol.box, image)});
-        }
-        return symbols;
-    }
-};
-
-Part whole(const SegmentReading& reading) {
-    return {reading, {0, reading.text.size()}};
-}
-
 /// A line with a label and its colon would be hidden whole, whatever stands behind it.
-Part withoutColon(const SegmentReading& label) {
+ReadingPart withoutColon(const SegmentReading& label) {
     qsizetype length = label.text.size();
     while (length > 0 && u":# "_s.contains(label.text[length - 1]))
         --length;
     return {label, {0, length}};
 }
 
-/// The texts of all parts, `between` them, in which only one of the parts has boxes: once for each.
-void appendForEach(std::vector<RecognizedLine>& lines, const std::vector<Part>& parts, const QString& between,
-                   QSize image) {
-    QString text;
-    std::vector<qsizetype> offsets;
-    for (const Part& part : parts) {
-        if (!offsets.empty())
-            text += between;
-        offsets.push_back(text.size());
-        text += part.text();
-    }
-    settleSigns(text);
-    for (std::size_t index = 0; index < parts.size(); ++index)
-        lines.emplace_back(text, parts[index].symbols(offsets[index], image));
-}
-
 /// The last words, or the first.
 enum class End { first, last };
 
-Part words(int count, const SegmentReading& reading, End end) {
+ReadingPart words(int count, const SegmentReading& reading, End end) {
     constexpr qsizetype mostCharacters = 80;
     const QString& text = reading.text;
     qsizetype at = end == End::first ? 0 : text.size() - 1;
@@ -165,7 +127,7 @@ Part words(int count, const SegmentReading& reading, End end) {
     return {reading, end == End::first ? TextRange{0, length} : TextRange{text.size() - length, length}};
 }
 
-Part fewWords(const SegmentReading& reading, End end) {
+ReadingPart fewWords(const SegmentReading& reading, End end) {
     return words(8, reading, end);
 }
 
@@ -193,7 +155,7 @@ void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector
     for (std::size_t row = 1; row < column.size(); ++row) {
         const SegmentReading& value = readings[column[row]];
         if (!isBelow(header, value)) // or it is told already
-            appendForEach(lines, {withoutColon(header), whole(value)}, u"\t"_s, image);
+            appendForEach(lines, {withoutColon(header), whole(value)}, u"\t", image);
     }
 }
 
@@ -204,7 +166,7 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
         return;
     const auto append = [&](const SegmentReading& value) {
         if (!isPerson || mayBeName(value.text))
-            appendForEach(lines, {withoutColon(label), whole(value)}, u"\t"_s, image);
+            appendForEach(lines, {withoutColon(label), whole(value)}, u"\t", image);
     };
     const SegmentReading* beside = nullptr;
     for (const SegmentReading& value : readings) {
@@ -221,18 +183,19 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
 void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& upper,
                    const SegmentReading& lower, const std::vector<SegmentReading>& readings, QSize image) {
     if (mayBeStreet(upper.text) && isPlace(lower.text))
-        appendForEach(lines, {whole(upper), whole(lower)}, u", "_s, image);
+        appendForEach(lines, {whole(upper), whole(lower)}, u", ", image);
     if (!isTown(upper.text) || !isBarePostcode(lower.text))
         return;
     for (const SegmentReading& street : readings) {
         if (isBelow(street, upper) && mayBeStreet(street.text))
-            appendForEach(lines, {whole(street), whole(upper), whole(lower)}, u", "_s, image);
+            appendForEach(lines, {whole(street), whole(upper), whole(lower)}, u", ", image);
     }
 }
 
-void appendWrapped(std::vector<RecognizedLine>& lines, const Part& upper, const Part& lower, QSize image) {
+void appendWrapped(std::vector<RecognizedLine>& lines, const ReadingPart& upper, const ReadingPart& lower,
+                   QSize image) {
     if (!hasLabel(upper.text()) && !hasLabel(lower.text()))
-        appendForEach(lines, {upper, lower}, u" "_s, image);
+        appendForEach(lines, {upper, lower}, u" ", image);
 }
 
 void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
@@ -244,9 +207,9 @@ void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<Segme
             if (!isBelow(upper, lower))
                 continue;
             if (isTornToken(upper.text, lower.text))
-                appendForEach(lines, {words(1, upper, End::last), words(1, lower, End::first)}, u""_s, image);
+                appendForEach(lines, {words(1, upper, End::last), words(1, lower, End::first)}, u"", image);
             else if (goesOnInCell(upper.text, lower.text))
-                appendForEach(lines, {whole(upper), whole(lower)}, u" "_s, image);
+                appendForEach(lines, {whole(upper), whole(lower)}, u" ", image);
             else if (isWrapped(upper, lower))
                 appendWrapped(lines, fewWords(upper, End::last), fewWords(lower, End::first), image);
             if (!goesOnInText(upper.text, lower.text))
@@ -262,7 +225,7 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
             std::ranges::count_if(column, [&](std::size_t cell) { return mayBeName(readings[cell].text); });
         if (2 * static_cast<std::size_t>(count) < column.size())
             continue;
-        const Part header = withoutColon(readings[column.front()]);
+        const ReadingPart header = withoutColon(readings[column.front()]);
         QString text;
         std::vector<RecognizedLine::Symbol> symbols;
         if (!hasLabel(header.text())) {
@@ -270,7 +233,7 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
             symbols = header.symbols(0, image);
         }
         for (auto index = column.begin() + 1; index != column.end(); ++index) {
-            const Part cell = whole(readings[*index]);
+            const ReadingPart cell = whole(readings[*index]);
             if (!mayBeName(cell.text()))
                 continue;
             text += cellSeparator;

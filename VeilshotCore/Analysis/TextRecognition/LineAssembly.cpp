@@ -5,6 +5,7 @@
 #include "VeilshotCore/Analysis/TextRecognition/FixedPitch.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadSigns.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPlacement.h"
+#include "VeilshotCore/Analysis/TextRecognition/RepeatedWords.h"
 
 #include <algorithm>
 #include <cmath>
@@ -139,6 +140,7 @@ std::vector<RecognizedLine> assembleLines(const std::vector<SegmentReading>& rea
         lines.emplace_back(std::move(text), std::move(symbols));
     }
     std::ranges::move(combinedLines(whole, image), std::back_inserter(lines));
+    std::ranges::move(linesOfRepeatedWords(whole, image), std::back_inserter(lines));
     return lines;
 }
 

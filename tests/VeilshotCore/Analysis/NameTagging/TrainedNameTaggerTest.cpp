@@ -150,6 +150,14 @@ INSTANTIATE_TEST_SUITE_P(NamesInNoList, NamesInALine,
                                          Row{u"Download Invoice", u""},                              //
                                          Row{u"Vælg alle", u""}));
 
+INSTANTIATE_TEST_SUITE_P(WordsOfANameElsewhere, NamesInALine,
+                         testing::Values(Row{u"Obinze Fasheun\t≡\tday Fasheun. When", u"Fasheun"}, //
+                                         Row{u"obf Obinze\t≡\tday Fasheun. When", u""},            //
+                                         Row{u"Fasheun Masonry Ltd\t≡\tday Fasheun. When", u""},   //
+                                         Row{u"Obinze Fasheun\t≡\tFasheun Masonry Ltd", u""},      //
+                                         Row{u"William Church\t≡\tthe Church is open", u""},       //
+                                         Row{u"William Church\t≡\tChurch", u"Church"}));
+
 TEST(TrainedNameTaggerTest, FindsWhatTheListsKnowWithoutAModelThatCanBeRead) {
     QFile file(u":/Veilshot/Analysis/NameModel.bin"_s);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));

@@ -1,22 +1,13 @@
 #include "VeilshotCore/Analysis/TextRecognition/CombinedLines.h"
 
+#include "EvenReading.h"
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace Veilshot {
 namespace {
-
-/// With a symbol for each character, all of one width.
-SegmentReading reading(const QString& text, const QRect& box) {
-    SegmentReading reading{text, {}, box};
-    const double width = static_cast<double>(box.width()) / static_cast<double>(text.size());
-    for (qsizetype index = 0; index < text.size(); ++index) {
-        const double left = box.left() + static_cast<double>(index) * width;
-        reading.symbols.push_back({{index, 1}, QRectF(left, box.top(), width, box.height())});
-    }
-    return reading;
-}
 
 using Texts = std::vector<std::string>;
 
@@ -33,7 +24,7 @@ Texts linesWith(const std::vector<SegmentReading>& readings, const QRect& place)
 TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
     const QRect first(10, 10, 40, 12), beside(150, 10, 90, 12), below(10, 30, 90, 12), wide(10, 10, 400, 12);
     const auto labelled = [&](const QRect& place) {
-        return linesWith({reading(u"Born"_s, first), reading(u"4 July 1961"_s, place)}, place);
+        return linesWith({evenReading(u"Born"_s, first), evenReading(u"4 July 1961"_s, place)}, place);
     };
     EXPECT_EQ(labelled(beside), Texts{"Born\t4 July 1961"});
     EXPECT_EQ(labelled(below), Texts{"Born\t4 July 1961"});
@@ -64,20 +55,22 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
     };
     for (const Row& row : rows) {
         const Texts expected = row.together.empty() ? Texts{} : Texts{row.together};
-        EXPECT_EQ(linesWith({reading(row.upper, wide), reading(row.lower, below)}, below), expected);
+        EXPECT_EQ(linesWith({evenReading(row.upper, wide), evenReading(row.lower, below)}, below), expected);
     }
 }
 
 TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
     const QRect street(10, 10, 140, 12), town(10, 30, 120, 12), postcode(10, 50, 60, 12);
-    EXPECT_EQ(
-        linesWith({reading(u"7427 Vista del Sol"_s, street), reading(u"Burlington, VT 05470"_s, town)}, town),
-        Texts{"7427 Vista del Sol, Burlington, VT 05470"});
-    EXPECT_EQ(linesWith({reading(u"210 Lower Marsh"_s, street), reading(u"Stoke-on-Trent"_s, town),
-                         reading(u"ST4 3ZQ"_s, postcode)},
+    EXPECT_EQ(linesWith({evenReading(u"7427 Vista del Sol"_s, street),
+                         evenReading(u"Burlington, VT 05470"_s, town)},
+                        town),
+              Texts{"7427 Vista del Sol, Burlington, VT 05470"});
+    EXPECT_EQ(linesWith({evenReading(u"210 Lower Marsh"_s, street), evenReading(u"Stoke-on-Trent"_s, town),
+                         evenReading(u"ST4 3ZQ"_s, postcode)},
                         street),
               Texts{"210 Lower Marsh, Stoke-on-Trent, ST4 3ZQ"});
-    EXPECT_EQ(linesWith({reading(u"Anna Lund"_s, street), reading(u"3400 Hillerød"_s, town)}, town), Texts{});
+    EXPECT_EQ(linesWith({evenReading(u"Anna Lund"_s, street), evenReading(u"3400 Hillerød"_s, town)}, town),
+              Texts{});
 }
 
 /// Cells below each other, flush right, 30 pixels from row to row, the first a little apart.
@@ -85,7 +78,7 @@ std::vector<SegmentReading> columnOf(const QStringList& cells) {
     std::vector<SegmentReading> readings;
     for (int row = 0; row < cells.size(); ++row) {
         const int width = 8 * static_cast<int>(cells[row].size());
-        readings.push_back(reading(cells[row], {400 - width, row == 0 ? 10 : 25 + 30 * row, width, 12}));
+        readings.push_back(evenReading(cells[row], {400 - width, row == 0 ? 10 : 25 + 30 * row, width, 12}));
     }
     return readings;
 }
@@ -108,15 +101,15 @@ TEST(CombinedLines, NeverGiveAWholeColumnAwayToTheLabelInItsHeader) {
     const std::vector<SegmentReading> menu =
         columnOf({u"Phone: Home"_s, u"Open Settings"_s, u"Save"_s, u"Close"_s});
     EXPECT_EQ(linesWith(menu, menu[3].box), Texts{"\t│\tOpen Settings\t│\tSave\t│\tClose"});
-    const std::vector<SegmentReading> form{reading(u"Password:"_s, {10, 10, 60, 12}),
-                                           reading(u"Kestrel_2338"_s, {10, 30, 80, 12})};
+    const std::vector<SegmentReading> form{evenReading(u"Password:"_s, {10, 10, 60, 12}),
+                                           evenReading(u"Kestrel_2338"_s, {10, 30, 80, 12})};
     EXPECT_EQ(linesWith(form, form[1].box), Texts{"Password\tKestrel_2338"});
 }
 
 TEST(CombinedLines, PlaceEachCharacterWhereItStands) {
     const QRect upper(10, 10, 420, 12), lower(10, 30, 260, 12);
-    const auto lines = combinedLines({reading(u"you are very welcome to call Max Lund on 60 98"_s, upper),
-                                      reading(u"89 88 on working days"_s, lower)},
+    const auto lines = combinedLines({evenReading(u"you are very welcome to call Max Lund on 60 98"_s, upper),
+                                      evenReading(u"89 88 on working days"_s, lower)},
                                      {1000, 1000});
     ASSERT_EQ(lines.size(), 2u);
     for (const RecognizedLine& line : lines) {

@@ -113,6 +113,18 @@ TEST(TextSegments, StandOnTheGroundOfTheirCell) {
     EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), words);
 }
 
+TEST(TextSegments, StandOnACardThatCoversTheCornerOfACell) {
+    QImage image = page({900, 400}, Qt::white);
+    fill(image, {0, 60, 900, 1}, Qt::lightGray);
+    fill(image, {0, 130, 900, 1}, Qt::lightGray);
+    fill(image, {100, 0, 1, 400}, Qt::lightGray);
+    fill(image, {400, 0, 1, 400}, Qt::lightGray);
+    const QColor card(216, 27, 96);
+    fill(image, {110, 90, 240, 80}, card);
+    const QRect word = drawWord(image, {120, 100}, Qt::white, card);
+    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), std::vector{word});
+}
+
 TEST(TextSegments, GoOnBehindACommaOfFixedWidth) {
     QImage image = page({600, 100}, Qt::white);
     const QRect first = drawWord(image, {60, 40}, Qt::black, Qt::white);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "VeilshotCore/Analysis/NameTagger.h"
+
+namespace Veilshot {
+
+/// Whether the line lays a passage beside a word that it shares with another place in the picture.
+bool hasRepeatedWord(const QString& line);
+
+/// In such a line, the words behind the passage that belong to a name of several words in it, found by
+/// `tagger`. One that means something else as well counts only if nothing stands beside it.
+std::vector<TextRange> repeatedNames(const QString& line, const NameTagger& tagger);
+
+} // namespace Veilshot

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "VeilshotCore/Analysis/TextRecognition/LineReading.h"
+
+#include <QSize>
+#include <vector>
+
+namespace Veilshot {
+
+/// Lines that lay a passage with a run of capitalised words beside another place at which one of these words
+/// stands, repeatSeparator between them. Only that word has boxes. A word that belongs to many runs is laid
+/// beside the first few.
+std::vector<RecognizedLine> linesOfRepeatedWords(const std::vector<SegmentReading>& readings, QSize image);
+
+} // namespace Veilshot
