@@ -1,8 +1,10 @@
 #include "VeilshotCore/Analysis/PeopleSearch/AvatarSearch.h"
 
+#include "VeilshotCore/Analysis/PeopleSearch/GreyLevels.h"
 #include "VeilshotCore/Analysis/PeopleSearch/GreyPixels.h"
 #include "VeilshotCore/Analysis/PeopleSearch/OverlappingTiles.h"
 
+#include <array>
 #include <opencv2/imgproc.hpp>
 #include <tuple>
 
@@ -14,24 +16,36 @@ constexpr int shortestSide = 15;
 constexpr int longestSide = 170;
 constexpr double narrowestAspect = 0.75;
 constexpr double widestAspect = 1.33;
-constexpr double leastFill = 0.62;
+/// Of its box, by the pixels that differ from their neighbours.
+constexpr double leastUneven = 0.62;
 
 constexpr int largestSmallStep = 20;
 constexpr double leastSkin = 0.25;
 constexpr double greyPicture = 0.70;
-constexpr double mostGreyWindow = 0.40;
 
-/// What an avatar stands on, and what then tells its pixels from text: shares of its small and of its equal
-/// steps.
+/// What an avatar stands on, and what then tells its pixels from drawn ones, as shares of them.
 struct Ground {
     int tolerance; ///< by how much a flat ground's colour differs from one pixel to the next, at most
     double leastSmallSteps;
     double mostEqualSteps;
+    double mostGreyWindow; ///< of the whole box
+    double mostOfOneTone;  ///< of what stands out; beyond it is a disc of one colour, with initials perhaps
 };
 
-/// Text, too, has textures in a JPEG file.
-constexpr Ground lossless{0, 0.30, 0.30};
-constexpr Ground jpeg{6, 0.56, 0.15};
+/// Text, too, has textures in a JPEG file, and an avatar's box some of the ground, whose noise belongs to it.
+constexpr Ground lossless{0, 0.30, 0.30, 0.40, 0.60};
+constexpr Ground jpeg{6, 0.45, 0.25, 0.55, 0.50};
+constexpr int toneLevels = 17;
+
+/// What stands out from its ground fills at least this part of the box around it. Avatars do, letters do not,
+/// although the noise around these in a JPEG file does.
+struct Outline {
+    int tolerance; ///< the ground's colour differs by so much at most
+    double leastFill;
+};
+
+constexpr Outline faint{16, 0.54};
+constexpr Outline clear{24, 0.50};
 
 constexpr int tileSide = 1024;
 /// A whole avatar and one flat pixel on each side.
@@ -68,7 +82,7 @@ cv::Mat unevenPixels(const QImage& image, const QRect& tile, int tolerance) {
     return uneven;
 }
 
-bool hasAvatarShape(const QRect& box, int pixels) {
+bool hasAvatarShape(const QRect& box, int pixels, double leastFill) {
     const double aspect = static_cast<double>(box.width()) / box.height();
     return std::min(box.width(), box.height()) >= shortestSide &&
            std::max(box.width(), box.height()) <= longestSide && aspect >= narrowestAspect &&
@@ -115,6 +129,54 @@ bool looksLikePortrait(const QImage& image, const QRect& tile, const cv::Mat& la
            (skin >= leastSkin * pixels || grey > greyPicture * pixels);
 }
 
+/// The middle colour around a box.
+std::array<uchar, 3> groundAround(const QImage& image, const QRect& box) {
+    std::array<uchar, 3> ground{};
+    for (std::size_t channel = 0; channel < ground.size(); ++channel) {
+        std::vector<uchar> values;
+        const auto append = [&](int x, int y) {
+            if (image.valid(x, y))
+                values.push_back(pixelAt(image, x, y)[channel]);
+        };
+        for (int x = box.left(); x <= box.right(); ++x) {
+            append(x, box.top() - 1);
+            append(x, box.bottom() + 1);
+        }
+        for (int y = box.top(); y <= box.bottom(); ++y) {
+            append(box.left() - 1, y);
+            append(box.right() + 1, y);
+        }
+        const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+        std::ranges::nth_element(values, middle);
+        ground[channel] = *middle;
+    }
+    return ground;
+}
+
+/// True when what differs from the ground around the box is one shape of many shades.
+bool isShadedShape(const QImage& image, const QRect& box, double mostOfOneTone) {
+    if (box == image.rect()) // which leaves no ground
+        return true;
+    const std::array<uchar, 3> colour = groundAround(image, box);
+    for (const Outline& outline : {faint, clear}) {
+        QRect shape;
+        GreyLevels levels;
+        for (int y = box.top(); y <= box.bottom(); ++y) {
+            const uchar* pixel = pixelAt(image, box.x(), y);
+            for (int x = box.left(); x <= box.right(); ++x, pixel += 4) {
+                if (sameColour(pixel, colour.data(), outline.tolerance))
+                    continue;
+                levels.add(GreyLevels::of(pixel));
+                shape |= QRect(x, y, 1, 1);
+            }
+        }
+        if (!hasAvatarShape(shape, levels.count(), outline.leastFill) ||
+            levels.shareOfFullestWindow(toneLevels) > mostOfOneTone)
+            return false;
+    }
+    return true;
+}
+
 void appendAvatars(std::vector<QRect>& avatars, const QImage& image, const QRect& tile,
                    const Ground& ground) {
     cv::Mat labels;
@@ -126,9 +188,10 @@ void appendAvatars(std::vector<QRect>& avatars, const QImage& image, const QRect
         const int* component = components.ptr<int>(label);
         const QRect box(tile.x() + component[cv::CC_STAT_LEFT], tile.y() + component[cv::CC_STAT_TOP],
                         component[cv::CC_STAT_WIDTH], component[cv::CC_STAT_HEIGHT]);
-        if (hasAvatarShape(box, component[cv::CC_STAT_AREA]) && !isCut(box, tile, image.rect()) &&
-            looksLikePortrait(image, tile, labels, label, box, ground) &&
-            greyWindowShare(image, box) <= mostGreyWindow &&
+        if (hasAvatarShape(box, component[cv::CC_STAT_AREA], leastUneven) &&
+            !isCut(box, tile, image.rect()) && looksLikePortrait(image, tile, labels, label, box, ground) &&
+            greyWindowShare(image, box) <= ground.mostGreyWindow &&
+            isShadedShape(image, box, ground.mostOfOneTone) &&
             std::ranges::none_of(avatars, [&](const QRect& avatar) { return avatar.intersects(box); }))
             avatars.push_back(box);
     }

@@ -7,7 +7,7 @@
 namespace Veilshot {
 
 /// The pictures in a part of a screen that look like avatars: square or round, of 15 to 170 pixels, alone on
-/// an exactly flat background, textured like a photograph, and with skin or in shades of grey. Faces of fewer
+/// a flat background, textured like a photograph, and with skin or in shades of grey. Faces of fewer
 /// than about 16 pixels are too small for any detector; their place in an interface gives them away.
 ///
 /// Takes a bitmap in Format_RGBA8888; `area` and the result are in pixels with a top-left origin. An avatar

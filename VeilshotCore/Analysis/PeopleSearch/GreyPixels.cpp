@@ -1,10 +1,45 @@
 #include "VeilshotCore/Analysis/PeopleSearch/GreyPixels.h"
 
-#include <array>
-#include <numeric>
+#include "VeilshotCore/Analysis/PeopleSearch/GreyLevels.h"
+
 #include <opencv2/imgproc.hpp>
 
 namespace Veilshot {
+
+namespace {
+
+constexpr int fewestPixels = 50;
+
+struct GreySamples {
+    GreyLevels levels;
+    int steps = 0; ///< to the right and down
+    int steepSteps = 0;
+};
+
+GreySamples greySamples(const QImage& image, const QRect& area) {
+    constexpr int mostSamplesPerSide = 512;
+    constexpr int steepStep = 30;
+    const QRect pixels = area & image.rect();
+    const int strideX = 1 + pixels.width() / mostSamplesPerSide;
+    const int strideY = 1 + pixels.height() / mostSamplesPerSide;
+    GreySamples samples;
+    for (int y = pixels.top(); y <= pixels.bottom(); y += strideY) {
+        for (int x = pixels.left(); x <= pixels.right(); x += strideX) {
+            const uchar* pixel = image.constScanLine(y) + 4 * static_cast<std::ptrdiff_t>(x);
+            const int level = GreyLevels::of(pixel);
+            samples.levels.add(level);
+            if (x == pixels.right() || y == pixels.bottom())
+                continue;
+            for (const uchar* next : {pixel + 4, pixel + image.bytesPerLine()}) {
+                ++samples.steps;
+                samples.steepSteps += std::abs(GreyLevels::of(next) - level) > steepStep;
+            }
+        }
+    }
+    return samples;
+}
+
+} // namespace
 
 cv::Mat greyPixels(const QImage& image, const QRect& area, double scale) {
     // OpenCV has no view of constant memory; nothing below writes to it.
@@ -29,31 +64,19 @@ cv::Mat greyPixels(const QImage& image, const QRect& area, double scale) {
 
 double greyWindowShare(const QImage& image, const QRect& area) {
     constexpr int windowLevels = 9;
-    constexpr int fewestPixels = 50;
-    constexpr int mostSamplesPerSide = 512;
-    const QRect pixels = area & image.rect();
-    const int stepX = 1 + pixels.width() / mostSamplesPerSide;
-    const int stepY = 1 + pixels.height() / mostSamplesPerSide;
-    std::array<int, 256> counts{};
-    int samples = 0;
-    for (int y = pixels.top(); y <= pixels.bottom(); y += stepY) {
-        const uchar* row = image.constScanLine(y);
-        for (int x = pixels.left(); x <= pixels.right(); x += stepX) {
-            const uchar* pixel = row + 4 * static_cast<std::ptrdiff_t>(x);
-            // The weights of luma in BT.601, in 256ths.
-            ++counts[(77 * pixel[0] + 150 * pixel[1] + 29 * pixel[2]) >> 8];
-            ++samples;
-        }
-    }
-    if (samples < fewestPixels)
-        return 1;
-    int inWindow = std::accumulate(counts.begin(), counts.begin() + windowLevels, 0);
-    int largest = inWindow;
-    for (std::size_t level = windowLevels; level < counts.size(); ++level) {
-        inWindow += counts[level] - counts[level - windowLevels];
-        largest = std::max(largest, inWindow);
-    }
-    return static_cast<double>(largest) / samples;
+    const GreyLevels levels = greySamples(image, area).levels;
+    return levels.count() < fewestPixels ? 1 : levels.shareOfFullestWindow(windowLevels);
+}
+
+bool isTwoToned(const QImage& image, const QRect& area) {
+    constexpr double leastSeparation = 0.83;
+    constexpr double leastSteepSteps = 0.25;
+    constexpr int windowLevels = 17;
+    constexpr double leastInWindows = 0.80;
+    const GreySamples samples = greySamples(image, area);
+    return samples.levels.count() >= fewestPixels && samples.levels.separation() > leastSeparation &&
+           (samples.steepSteps > leastSteepSteps * samples.steps ||
+            samples.levels.shareOfTwoWindows(windowLevels) > leastInWindows);
 }
 
 } // namespace Veilshot

@@ -212,7 +212,8 @@ AnalysisOutcome<std::unique_ptr<FaceVerifier>> HogPeopleAnalyzer::takeVerifier()
 }
 
 double HogPeopleAnalyzer::confidence(const QImage& image, const FaceCandidate& candidate) const {
-    if (greyWindowShare(image, candidate.box.toRect()) > mostGreyWindow)
+    const QRect box = candidate.box.toRect();
+    if (greyWindowShare(image, box) > mostGreyWindow || isTwoToned(image, box))
         return 0;
     FaceEvidence evidence{candidate.score, 0, 0, candidate.box.width()};
     if (candidate.score < convincingScore) {

@@ -44,11 +44,34 @@ QImage textPage(Theme theme) {
     return page;
 }
 
-QImage throughJpeg(const QImage& page) {
+/// Two strokes and two rings at a time, and discs with such initials, all far from each other.
+QImage pageOfShortWords() {
+    QImage page(640, 400, QImage::Format_RGBA8888);
+    page.fill(ground(Theme::dark));
+    QPainter painter(&page);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int i = 0; i < 60; ++i) {
+        const QPointF place(30 + i % 10 * 60 + i % 7, 20 + i / 10 * 60 + i % 5);
+        if (i % 4 == 0) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(QColor(109, 76, 65));
+            painter.drawEllipse(QRectF(place - QPointF(12, 9), QSizeF(40, 40)));
+        }
+        painter.setPen(QPen(QColor(220, 220, 220), 2.2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(QRectF(place + QPointF(0, 9), QSizeF(6.5, 8)));
+        painter.drawLine(place + QPointF(7, 2), place + QPointF(7, 18));
+        painter.drawLine(place + QPointF(13, 3), place + QPointF(12, 18));
+    }
+    painter.end();
+    return page;
+}
+
+QImage throughJpeg(const QImage& page, int quality = 80) {
     QByteArray file;
     QBuffer buffer(&file);
     buffer.open(QIODevice::WriteOnly);
-    page.convertToFormat(QImage::Format_RGB32).save(&buffer, "JPEG", 80);
+    page.convertToFormat(QImage::Format_RGB32).save(&buffer, "JPEG", quality);
     return QImage::fromData(file, "JPEG").convertToFormat(QImage::Format_RGBA8888);
 }
 
@@ -99,6 +122,10 @@ TEST(HogPeopleAnalyzerTest, SeesNobodyInText) {
         const QImage page = textPage(theme);
         EXPECT_THAT(observed(page).faces, IsEmpty());
         EXPECT_THAT(facesInUse(observed(throughJpeg(page)), page.size()), IsEmpty());
+    }
+    for (const int quality : {40, 80}) {
+        const QImage words = throughJpeg(pageOfShortWords(), quality);
+        EXPECT_THAT(facesInUse(observed(words), words.size()), IsEmpty()) << quality;
     }
 }
 
@@ -152,7 +179,8 @@ INSTANTIATE_TEST_SUITE_P(
     Values(AvatarPage{24, Theme::light, Crop::round}, AvatarPage{32, Theme::light, Crop::square},
            AvatarPage{32, Theme::dark, Crop::round}, AvatarPage{64, Theme::light, Crop::round},
            AvatarPage{64, Theme::dark, Crop::square}, AvatarPage{200, Theme::light, Crop::square},
-           AvatarPage{200, Theme::dark, Crop::round}, AvatarPage{36, Theme::dark, Crop::round, true}),
+           AvatarPage{200, Theme::dark, Crop::round}, AvatarPage{36, Theme::dark, Crop::round, true},
+           AvatarPage{20, Theme::dark, Crop::round, true}, AvatarPage{24, Theme::light, Crop::round, true}),
     [](const TestParamInfo<AvatarPage>& page) {
         return std::to_string(page.param.side) + (page.param.theme == Theme::dark ? "Dark" : "Light") +
                (page.param.crop == Crop::round ? "Round" : "Square") + (page.param.isJpeg ? "Jpeg" : "");
