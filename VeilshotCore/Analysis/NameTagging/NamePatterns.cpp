@@ -175,6 +175,42 @@ bool isIntroduced(const NameLine& line, size_t at) {
            !(line.word(at + 1).touches() && line.word(at + 1).isCapitalized());
 }
 
+/// "Sekretær: Hrefna - Version 6".
+bool isNamedByRole(const NameLine& line, size_t at) {
+    return at > 0 && line.word(at).before == WordSeparator::colon && line.word(at - 1).is(WordTrait::role) &&
+           isNameLike(line.word(at)) && line.closesCell(at);
+}
+
+/// "position 60: Gwil on 07700 900 461".
+bool isReachedByNumber(const NameLine& line, size_t at) {
+    constexpr std::array<std::string_view, 4> links{"on", "at", "paa", "pa"};
+    constexpr qsizetype fewestDigits = 7;
+    if (at == 0 || !isNameLike(line.word(at)) || !isOneOf(line.word(at + 1), links))
+        return false;
+    qsizetype digits = 0;
+    for (size_t number = at + 2; number < line.size() && line.word(number).isNumber; ++number)
+        digits += line.word(number).range.length;
+    return digits >= fewestDigits;
+}
+
+/// "Gebremedhin Tesfaye set priority": what opens the line and does what people do.
+bool areActing(const NameLine& line, size_t at) {
+    constexpr std::array<std::string_view, 10> deeds{"set",   "gave", "brings", "brought", "took",
+                                                     "takes", "made", "noted",  "found",   "satte"};
+    const NameWord& next = line.word(at + 1);
+    const NameWord& verb = line.word(at + 2);
+    return at == 0 && next.touches() && isNameLike(line.word(at)) && isNameLike(next) && verb.touches() &&
+           verb.isLower() && (verb.is(WordTrait::personVerb) || isOneOf(verb, deeds));
+}
+
+/// "Kahurangi, Moana" and nothing else.
+bool isLastNameFirst(const NameLine& line, size_t at) {
+    const NameWord& next = line.word(at + 1);
+    return next.before == WordSeparator::comma && line.isFilledBy({at, at + 1}) &&
+           isNameLike(line.word(at)) && isNameLike(next) && next.is(anyFirstName) &&
+           !line.word(at).is(anyFirstName);
+}
+
 TextRange rangeOf(const NameLine& line, size_t first, size_t last) {
     const qsizetype start = line.word(first).range.location;
     const qsizetype dot = isDottedInitial(line, last) ? 1 : 0;
@@ -190,11 +226,12 @@ std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView te
         if (const std::optional<size_t> last = endOfFormedName(line, at)) {
             names.push_back(rangeOf(line, at, *last));
             at = *last;
-        } else if (isByline(line, at) || isStrangePair(line, at)) {
+        } else if (isByline(line, at) || isStrangePair(line, at) || areActing(line, at) ||
+                   isLastNameFirst(line, at)) {
             names.push_back(rangeOf(line, at, at + 1));
             ++at;
         } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isIntroduced(line, at) ||
-                   isGreetedAtTheEnd(line, at)) {
+                   isGreetedAtTheEnd(line, at) || isNamedByRole(line, at) || isReachedByNumber(line, at)) {
             names.push_back(rangeOf(line, at, at));
         }
     }

@@ -107,6 +107,12 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{u"Anna Storgaard, Zsofka", u"Anna Storgaard"},                           //
                     Row{u"By Prudence Fasheun, 6 min read", u"Prudence Fasheun"},                //
                     Row{u"From: Tjorven Uhlenbrock", u"Tjorven Uhlenbrock"},                     //
+                    Row{u"Okonjo-Bello, Lindqvist, Haddad", u"Okonjo-Bello|Lindqvist|Haddad"},   //
+                    Row{u"Settings, Account, Anna", u"Anna"},                                    //
+                    Row{u"Sekretær: Hrefna - Version 6.2.0", u"Hrefna"},                         //
+                    Row{u"for position 60: Gwil on 07700 900 461", u"Gwil"},                     //
+                    Row{u"Bus on 07700 900 461", u""},                                           //
+                    Row{u"Gebremedhin Tesfaye set priority to Major", u"Gebremedhin Tesfaye"},   //
                     Row{u"Then Will, who lives here, called", u"Will"},                          //
                     Row{u"Obinze, please clean both", u"Obinze"},                                //
                     Row{u"However, you can skip it", u""},                                       //
@@ -164,7 +170,8 @@ INSTANTIATE_TEST_SUITE_P(Unmistakable, NamesInALine,
                                          Row{u"Fee,fees@naru.example", u""}));
 
 INSTANTIATE_TEST_SUITE_P(WordsOfANameElsewhere, NamesInALine,
-                         testing::Values(Row{u"Obinze Fasheun\t≡\tday Fasheun. When", u"Fasheun"}, //
+                         testing::Values(Row{u"April Fasheun\t≡\t21 April 2024", u""},             //
+                                         Row{u"Obinze Fasheun\t≡\tday Fasheun. When", u"Fasheun"}, //
                                          Row{u"obf Obinze\t≡\tday Fasheun. When", u""},            //
                                          Row{u"Fasheun Masonry Ltd\t≡\tday Fasheun. When", u""},   //
                                          Row{u"Obinze Fasheun\t≡\tFasheun Masonry Ltd", u""},      //
