@@ -95,6 +95,13 @@ TEST(PostalAddressFinder, FindsAddressesInsideALine) {
         {"Unit 6C\t│\tOregon\t│\tUnited States", {"Unit 6C"}},
         {"3000 Helsingør. Ring på hos Jensen", {"3000 Helsingør"}},
         {"Tirsdag 5. maj 2024, 8000 Aarhus C", {"8000 Aarhus C"}},
+        {"Li,Bo,a@b.dk,Egnatia 88,546 23,Xyz,card", {"Egnatia 88,546 23,Xyz"}},
+        {"Li;a@b.dk;77 Dogwood Ct;Durham;NC;27701;x", {"77 Dogwood Ct;Durham;NC;27701"}},
+        {"Li,+44 1631 555 019,\"Oak 6, 2.\",8000,\"El P, TX\"", {"Oak 6, 2.\",8000,\"El P, TX"}},
+        {"1|a@b.dk|3000|Rye|Oak Row 14|x", {"3000|Rye|Oak Row 14"}},
+        {"Liv,a@b.dk,Skagavej 201,no post", {"Skagavej 201"}},
+        {"a@b.dk,Room 12,2024,Budget,Room 12,x,1200", {}},
+        {"2025-03-14,Room 12,1200,Lunch,ok", {}},
     };
     for (const Row& row : rows)
         EXPECT_EQ(addressesIn(row.line), row.addresses) << row.line;
