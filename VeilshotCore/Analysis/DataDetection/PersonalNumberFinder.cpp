@@ -49,6 +49,10 @@ struct Expressions {
         uR"(([\p{L}\d][\p{L}\d \-/]{4,18}\d[\p{L}\d \-/]{0,6})\s*$)"};
     RegularExpression bank{
         uR"((?<![\p{L}])(?:reg(?:istrerings)?[.\s-]{0,2}(?:nr|nummer|no)|reg(?!\W{0,4}(?:19|20)\d\d)|sort\s?code)[.:\s]{0,3}(\d{4}|\d\d[- ]\d\d[- ]\d\d)(?![\d.,/]))"};
+    /// Of a bank too, in front of the account or of the end of the line.
+    RegularExpression bankBeforeAccount{
+        uR"((?<!\p{L})(?:konto|account)(?:[ .-]?(?:nr|nummer|no|number))?[.:\s]{1,3}(\d{4})(?!\d))"
+        uR"((?=\s?(?:[|/-]\s?|[Il1]\s)\d{6,10}(?!\d)|(?<=\b(?:på|til|fra)\skonto\s\d{4})\s*$))"};
     RegularExpression britishInsurance{
         uR"((?<![A-Za-z\d])((?:QQ|[A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z])\s?\d\d\s?\d\d\s?\d\d\s?[A-D]c?)(?![A-Za-z\d]))",
         RegularExpression::CaseSensitivity::sensitive};
@@ -89,8 +93,8 @@ std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
     for (const RegularExpression* expression :
          {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.abbreviated,
           &expressions.inBrackets, &expressions.inDigits, &expressions.document, &expressions.bank,
-          &expressions.civil, &expressions.card, &expressions.account, &expressions.lettered,
-          &expressions.sortCode, &expressions.britishInsurance}) {
+          &expressions.bankBeforeAccount, &expressions.civil, &expressions.card, &expressions.account,
+          &expressions.lettered, &expressions.sortCode, &expressions.britishInsurance}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange range = match.groups[0];
             if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))
