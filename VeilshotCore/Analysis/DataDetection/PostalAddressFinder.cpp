@@ -164,8 +164,9 @@ std::vector<TextRange> addressesIn(QStringView line) {
 
 /// Hardly any address does without a number, but houses have names.
 bool mayHoldAddress(QStringView line) {
-    static const RegularExpression house(u"Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,"_s,
-                                         RegularExpression::CaseSensitivity::sensitive);
+    static const RegularExpression house(
+        u"Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,|[Cc]\\s?/\\s?[Oo]\\b"_s,
+        RegularExpression::CaseSensitivity::sensitive);
     return std::ranges::any_of(line, [](QChar character) { return character.isDigit(); }) ||
            house.hasMatch(line);
 }

@@ -64,6 +64,9 @@ TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
                              "3531 CJ Utrecht",
                              "Taito-ku 110-0001",
                              "Rua das Flores 214, 3.º Esq.",
+                             "Rua das Flores 214, 3.” Esq.",
+                             "c/o Havnekontoret, Langgade 2, 8305 Samsø",
+                             "C/O Mill Trust",
                              "Donggyo-ro 12, Mapo-gu, Seoul 04016"})
         EXPECT_EQ(addressesIn(line), std::vector<std::string>{line});
 }
