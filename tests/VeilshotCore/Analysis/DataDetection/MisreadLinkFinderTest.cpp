@@ -21,6 +21,12 @@ TEST(MisreadLinkFinder, FindsAddressesWithAWrongSignABlankOrAnEndCutOff) {
         {"jonas_ravn zoho.eu", "jonas_ravn zoho.eu"},
         {"mark price&parcelio.dk", "mark price&parcelio.dk"},
         {"joan66@gnmucnet", "joan66@gnmucnet"},
+        {"Cc kitchenølodge.example", "kitchenølodge.example"},
+        {"bquistafritidsnet.example", "bquistafritidsnet.example"},
+        {"post@ryexample", "post@ryexample"},
+        {"to ann.li@parcelio.dkeller214.25", "ann.li@parcelio.dk"},
+        {"REDIS_URL=redis: //:s2KI@cache:6379/0", "redis: //:s2KI@cache:6379/0"},
+        {"3318 2001:db8:42: :9aif", "2001:db8:42: :9aif"},
         {"😀 anna@parcelio,dk", "anna@parcelio,dk"},
         {"label to annette. laursen@parcelio.dk", "annette. laursen@parcelio.dk"},
         {"susanne_henriksen-pedersen@h +45", "susanne_henriksen-pedersen@h"},
@@ -60,6 +66,9 @@ TEST(MisreadLinkFinder, LeavesCodeVersionsAndSumsAlone) {
                              "user_data.com = 3",
                              "index.php example.com",
                              "v1.2 docs.example.com",
+                             "sharedlibrary.test",
+                             "configuration.example",
+                             "2025:12: :30",
                              "on my_own example.com",
                              "john_smith github.com"})
         EXPECT_EQ(linksIn(line), std::vector<std::string>{}) << line;
