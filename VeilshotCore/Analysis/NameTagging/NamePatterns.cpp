@@ -156,6 +156,16 @@ bool isStrangePair(const NameLine& line, size_t at) {
            next.range.length > 3 && (isSpeltLikeName || isLastName);
 }
 
+/// "Ottavia" and nothing else: a first name, since many last names are towns, no other word and spelt like a
+/// name.
+bool isLoneName(const NameLine& line, size_t at) {
+    constexpr double least = 0;
+    const NameWord& word = line.word(at);
+    return line.isFilledBy({at, at}) && word.letterCase == LetterCase::title && word.canBeName &&
+           word.range.length > 3 && word.is(anyFirstName) && !word.is(anyMeaning) &&
+           spellingOfName(word.folded) >= least;
+}
+
 /// "Tante Saskiya", "Served by Saskiya".
 bool isIntroduced(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 16> relatives{
@@ -231,7 +241,8 @@ std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView te
             names.push_back(rangeOf(line, at, at + 1));
             ++at;
         } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isIntroduced(line, at) ||
-                   isGreetedAtTheEnd(line, at) || isNamedByRole(line, at) || isReachedByNumber(line, at)) {
+                   isGreetedAtTheEnd(line, at) || isLoneName(line, at) || isNamedByRole(line, at) ||
+                   isReachedByNumber(line, at)) {
             names.push_back(rangeOf(line, at, at));
         }
     }
