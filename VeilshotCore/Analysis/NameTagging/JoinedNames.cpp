@@ -39,20 +39,17 @@ bool mayBeName(const NameLine& line, NameSpan span) {
         return false; // "Marlowe & Pike"
     for (size_t at = span.first; at <= span.last; ++at) {
         const NameWord& word = line.word(at);
-        const bool isShaped = word.letterCase == LetterCase::title && word.canBeName && word.range.length > 2;
         const bool isFirstName =
             word.is(WordTrait::strongFirstName) && !word.is(WordTrait::place | WordTrait::functionWord);
         // "Bill Church" among other names.
         const bool isLastName = at == span.last && !span.isSingle() &&
                                 opening.is(WordTrait::strongFirstName) && word.is(WordTrait::strongLastName);
-        if (!isShaped || (word.is(anyMeaning) && !isFirstName && !isLastName))
+        if (!word.isShapedLikeName() || (word.is(anyMeaning) && !isFirstName && !isLastName))
             return false;
         spelling += word.is(anyName) ? 0 : spellingOfName(word.folded);
     }
     return span.last - span.first < longestName && spelling >= least;
 }
-
-} // namespace
 
 /// The items of a line that is nothing but an enumeration of capitalised words without another meaning, most
 /// of them names: "Okonjo-Bello, Lindqvist, Haddad". An unknown single word beside a single name may be a
@@ -88,6 +85,8 @@ std::vector<TextRange> enumeratedNames(const NameLine& line, IsFound isFound) {
     std::ranges::transform(items, std::back_inserter(ranges), &Item::range);
     return ranges;
 }
+
+} // namespace
 
 std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const NameLexicon& lexicon,
                                      QStringView text) {

@@ -89,6 +89,15 @@ bool NameWord::isLink() const {
     return folded == "and" || folded == "og" || folded == "or" || folded == "eller";
 }
 
+bool NameWord::isShapedLikeName() const {
+    constexpr qsizetype shortest = 3;
+    return letterCase == LetterCase::title && canBeName && range.length >= shortest;
+}
+
+bool NameWord::isOneOf(std::span<const std::string_view> words) const {
+    return std::ranges::find(words, folded) != words.end();
+}
+
 NameLine::NameLine(const NameLexicon& lexicon, QStringView text) : m_text(text) {
     qsizetype end = 0;
     bool isAfterPossessive = false;
@@ -147,6 +156,14 @@ bool NameLine::joinsNext(size_t at) const {
         return next.range.location - word.range.end() == 2 && word.is(anyFirstName) && next.is(anyLastName) &&
                !next.is(WordTrait::role);
     return next.touches();
+}
+
+bool NameLine::opensOrganisation(size_t at) const {
+    while (m_words[at + 1].touches() && m_words[at + 1].isCapitalized()) {
+        if (m_words[++at].is(WordTrait::organisation) && !m_words[at].is(anyName))
+            return true;
+    }
+    return false;
 }
 
 bool NameLine::isFollowedBy(size_t at, QStringView mark) const {

@@ -4,7 +4,9 @@
 #include "VeilshotCore/Analysis/TextRange.h"
 
 #include <QStringView>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Veilshot {
@@ -46,6 +48,10 @@ struct NameWord {
     bool isOrdinary() const { return !isNumber && !is(anyName) && !isInitial(); }
     /// "and" or "or".
     bool isLink() const;
+    /// "Anna", no initial and no part of something else.
+    bool isShapedLikeName() const;
+    /// Takes words as they are folded.
+    bool isOneOf(std::span<const std::string_view> words) const;
 };
 
 /// Neighbouring words that may be one name; a single word needs more help from its surroundings than several.
@@ -75,6 +81,8 @@ public:
     bool isFilledBy(NameSpan span) const;
     /// Whether a name may go on from this word to the next.
     bool joinsNext(size_t at) const;
+    /// Whether the capitalised words behind this one make it a company's: "Sandoval Masonry LLC".
+    bool opensOrganisation(size_t at) const;
     /// Whether `mark` follows the word, blanks aside.
     bool isFollowedBy(size_t at, QStringView mark) const;
 

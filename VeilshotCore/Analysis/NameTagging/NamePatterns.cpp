@@ -16,16 +16,11 @@ constexpr WordTraits ordinary = WordTrait::frequentWord | WordTrait::word | Word
                                 WordTrait::danishWord | WordTrait::rareDanishWord | WordTrait::auxiliary |
                                 WordTrait::calendar | WordTrait::namePossible | WordTrait::place;
 
-template<size_t count>
-bool isOneOf(const NameWord& word, const std::array<std::string_view, count>& words) {
-    return word.isLower() && std::ranges::find(words, word.folded) != words.end();
-}
-
 /// A capitalized word that is no other word, or one that nobody knows but that is spelt like a name.
 bool isNameLike(const NameWord& word) {
     constexpr double least = -1.5;
-    const bool isTitle = word.letterCase == LetterCase::title && word.canBeName && word.range.length > 2;
-    return isTitle && !word.is(anyMeaning) && (word.is(anyName) || spellingOfName(word.folded) >= least);
+    return word.isShapedLikeName() && !word.is(anyMeaning) &&
+           (word.is(anyName) || spellingOfName(word.folded) >= least);
 }
 
 /// As above, or a common first name that means something else as well.
@@ -51,7 +46,7 @@ bool isOwner(const NameLexicon& lexicon, const NameLine& line, size_t at) {
         if (!next.touches() || !key.ends_with('s'))
             return false;
         key.remove_suffix(1);
-        if (lexicon.traits(word.folded) && !isOneOf(next, owned))
+        if (lexicon.traits(word.folded) && !next.isOneOf(owned))
             return false;
     }
     const WordTraits traits = lexicon.traits(key);
@@ -66,9 +61,9 @@ bool isAddressedOrExplained(const NameLine& line, size_t at) {
         "thanks", "thank", "kan",   "vil",   "skal", "har", "du",  "tak", "husk", "gider"};
     constexpr std::array<std::string_view, 4> explaining{"who", "whose", "whom", "som"};
     const NameWord& next = line.word(at + 1);
-    if (next.before != WordSeparator::comma || !isFirstNameLike(line.word(at)))
+    if (next.before != WordSeparator::comma || !next.isLower() || !isFirstNameLike(line.word(at)))
         return false;
-    return (at == 0 && isOneOf(next, addressing)) || isOneOf(next, explaining);
+    return (at == 0 && next.isOneOf(addressing)) || next.isOneOf(explaining);
 }
 
 /// "Welcome back, Caoimhe".
@@ -122,7 +117,7 @@ std::optional<size_t> endOfFormedName(const NameLine& line, size_t at) {
     const bool areCapitals = word.letterCase == LetterCase::upper && next.letterCase == LetterCase::upper;
     const NameWord& behind = line.word(std::min(at + 2, line.size()));
     if (areCapitals && next.before == WordSeparator::slash && behind.letterCase == LetterCase::upper &&
-        std::ranges::find(titles, behind.folded) != titles.end())
+        behind.isOneOf(titles))
         return at + 1;
     return {};
 }
@@ -130,7 +125,7 @@ std::optional<size_t> endOfFormedName(const NameLine& line, size_t at) {
 /// "By Temperance Ashdown": the last word at least is not to be taken for another.
 bool isByline(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 5> authors{"by", "af", "foto", "tekst", "photo"};
-    if (at != 1 || at + 1 >= line.size() || std::ranges::find(authors, line.word(0).folded) == authors.end())
+    if (at != 1 || at + 1 >= line.size() || !line.word(0).isOneOf(authors))
         return false;
     const NameWord& word = line.word(at);
     const NameWord& next = line.word(at + 1);
@@ -178,10 +173,10 @@ bool isIntroduced(const NameLine& line, size_t at) {
     if (at == 0 || !line.word(at).touches() || !isNameLike(line.word(at)))
         return false;
     const NameWord& left = line.word(at - 1);
-    if (std::ranges::find(relatives, left.folded) != relatives.end())
+    if (left.isOneOf(relatives))
         return true;
     const bool isBy = left.folded == "by" || left.folded == "af";
-    return isBy && at > 1 && std::ranges::find(deeds, line.word(at - 2).folded) != deeds.end() &&
+    return isBy && at > 1 && line.word(at - 2).isOneOf(deeds) &&
            !(line.word(at + 1).touches() && line.word(at + 1).isCapitalized());
 }
 
@@ -195,7 +190,8 @@ bool isNamedByRole(const NameLine& line, size_t at) {
 bool isReachedByNumber(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 4> links{"on", "at", "paa", "pa"};
     constexpr qsizetype fewestDigits = 7;
-    if (at == 0 || !isNameLike(line.word(at)) || !isOneOf(line.word(at + 1), links))
+    const NameWord& link = line.word(at + 1);
+    if (at == 0 || !isNameLike(line.word(at)) || !link.isLower() || !link.isOneOf(links))
         return false;
     qsizetype digits = 0;
     for (size_t number = at + 2; number < line.size() && line.word(number).isNumber; ++number)
@@ -207,10 +203,11 @@ bool isReachedByNumber(const NameLine& line, size_t at) {
 bool areActing(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 10> deeds{"set",   "gave", "brings", "brought", "took",
                                                      "takes", "made", "noted",  "found",   "satte"};
-    const NameWord& next = line.word(at + 1);
-    const NameWord& verb = line.word(at + 2);
-    return at == 0 && next.touches() && isNameLike(line.word(at)) && isNameLike(next) && verb.touches() &&
-           verb.isLower() && (verb.is(WordTrait::personVerb) || isOneOf(verb, deeds));
+    if (at > 0 || line.size() < 3 || !line.word(1).touches())
+        return false;
+    const NameWord& verb = line.word(2);
+    return isNameLike(line.word(0)) && isNameLike(line.word(1)) && verb.touches() && verb.isLower() &&
+           (verb.is(WordTrait::personVerb) || verb.isOneOf(deeds));
 }
 
 /// "Kahurangi, Moana" and nothing else.

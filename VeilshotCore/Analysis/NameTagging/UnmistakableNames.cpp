@@ -13,20 +13,10 @@ namespace {
 
 using LetterCase = NameToken::LetterCase;
 
-constexpr qsizetype shortestName = 3;
 constexpr size_t longestName = 4; ///< words
 
-template<size_t count>
-bool isOneOf(const NameWord& word, const std::array<std::string_view, count>& words) {
-    return std::ranges::find(words, word.folded) != words.end();
-}
-
-bool isShaped(const NameWord& word) {
-    return word.letterCase == LetterCase::title && word.canBeName && word.range.length >= shortestName;
-}
-
 bool isListedOnlyAs(WordTraits name, const NameWord& word) {
-    return isShaped(word) && word.is(name) && !word.is(anyMeaning);
+    return word.isShapedLikeName() && word.is(name) && !word.is(anyMeaning);
 }
 
 /// "Roscoe, NY".
@@ -36,29 +26,23 @@ bool isBeforeState(const NameLine& line, size_t at) {
            next.range.length == 2;
 }
 
-bool opensOrganisation(const NameLine& line, size_t at) {
-    while (line.word(at + 1).touches() && line.word(at + 1).isCapitalized()) {
-        if (line.word(++at).is(WordTrait::organisation) && !line.word(at).is(anyName))
-            return true;
-    }
-    return false;
-}
-
 /// The last word of the name behind the title at this place.
 std::optional<size_t> endBehindTitle(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 12> plain{"mr", "mrs", "mx",  "dr",     "prof", "professor",
                                                      "hr", "fru", "sgt", "froken", "frk",  "herr"};
     const NameWord& title = line.word(at);
-    const bool isPlain = isOneOf(title, plain) && title.letterCase == LetterCase::title;
+    const bool isPlain = title.isOneOf(plain) && title.letterCase == LetterCase::title;
     const bool isOther =
         title.is(WordTrait::title | WordTrait::role) && title.letterCase != LetterCase::upper;
     const NameWord& first = line.word(at + 1);
-    const bool isName = isPlain ? isShaped(first) || first.isInitial() : isListedOnlyAs(anyName, first);
+    const bool isName =
+        isPlain ? first.isShapedLikeName() || first.isInitial() : isListedOnlyAs(anyName, first);
     if (!(isPlain || isOther) || !first.touches() || !isName)
         return {};
     size_t last = at + 1;
     const auto goesOn = [&](const NameWord& word) {
-        return word.touches() && (isShaped(word) || word.isInitial() || word.is(WordTrait::particle)) &&
+        return word.touches() &&
+               (word.isShapedLikeName() || word.isInitial() || word.is(WordTrait::particle)) &&
                !word.is(WordTrait::functionWord | WordTrait::calendar);
     };
     while (last < at + longestName && goesOn(line.word(last + 1)))
@@ -86,10 +70,10 @@ bool isNamedByTheWordBefore(const NameLine& line, size_t at) {
 /// The last word of the name that begins with a common first name at this place.
 std::optional<size_t> endOfFirstName(const NameLine& line, size_t at) {
     if (!isListedOnlyAs(WordTrait::strongFirstName, line.word(at)) || isNamedByTheWordBefore(line, at) ||
-        opensOrganisation(line, at) || isBeforeState(line, at))
+        line.opensOrganisation(at) || isBeforeState(line, at))
         return {};
     const NameWord& next = line.word(at + 1);
-    const bool isLastName = next.touches() && isShaped(next) &&
+    const bool isLastName = next.touches() && next.isShapedLikeName() &&
                             (!next.is(anyMeaning) ||
                              (isInSentence(line) && !next.is(WordTrait::functionWord | WordTrait::calendar |
                                                              WordTrait::place | WordTrait::organisation)));
@@ -112,7 +96,7 @@ bool isLastNameOfSomebody(const NameLine& line, size_t at) {
 /// The letters of each part in front of an @, in small letters without signs: "haeun.park" as {"haeun",
 /// "park"}.
 std::vector<std::string> mailboxParts(QStringView text) {
-    static const RegularExpression mailbox(uR"([\p{L}\d._+-]+(?=@[\p{L}\d-]+\.))");
+    static const RegularExpression mailbox(uR"((?<![\p{L}\d._+-])[\p{L}\d._+-]++(?=@[\p{L}\d-]+\.))");
     static const RegularExpression letters(uR"(\p{L}+)");
     std::vector<std::string> parts;
     for (const TextRange range : mailbox.ranges(text)) {
@@ -137,6 +121,7 @@ void appendNamesOfMailboxes(std::vector<TextRange>& names, const NameLine& line,
     const std::vector<std::string> parts = mailboxParts(text);
     if (parts.empty())
         return;
+    constexpr std::ptrdiff_t shortest = 3;
     std::vector<std::string> words;
     for (size_t at = 0; at < line.size(); ++at) {
         std::string key = line.word(at).folded;
@@ -145,7 +130,7 @@ void appendNamesOfMailboxes(std::vector<TextRange>& names, const NameLine& line,
     }
     std::vector<size_t> known;
     for (size_t at = 0; at < line.size(); ++at) {
-        const bool isPart = std::ssize(words[at]) >= shortestName && line.word(at).isCapitalized() &&
+        const bool isPart = std::ssize(words[at]) >= shortest && line.word(at).isCapitalized() &&
                             std::ranges::any_of(parts, [&](const std::string& part) {
                                 return isMadeOf(part, words[at], words);
                             });

@@ -10,9 +10,8 @@ namespace Veilshot {
 
 /// Names that need no weighing:
 /// - what stands behind a title, whatever else it means: "Mr Church", "Dr. June Castle";
-/// - a common first name that means nothing else, with the surname behind it, and such a last name where
-/// people
-///   are spoken of: "asked Thaddeus Crumb", "with Pugh on Sunday";
+/// - a common first name that means nothing else, with the surname behind it: "asked Thaddeus Crumb";
+/// - a common last name that means nothing else, where people are spoken of: "with Pugh on Sunday";
 /// - words of which a mail address in the line is made: "Park,Ha-eun,haeun.park@naru.example".
 std::vector<TextRange> unmistakableNames(const NameLexicon& lexicon, QStringView text);
 
