@@ -1,6 +1,7 @@
 #include "VeilshotCore/Analysis/NameTagging/FrontCoding.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 
 namespace Veilshot {
@@ -8,8 +9,10 @@ namespace Veilshot {
 namespace {
 
 /// Nothing for any other character than a count.
-qsizetype sharedLetters(char count) {
-    return count >= '0' && count <= '9' ? count - '0' : count >= 'A' && count <= 'Z' ? count - 'A' + 10 : -1;
+std::optional<qsizetype> sharedLetters(char count) {
+    if (count >= '0' && count <= '9')
+        return count - '0';
+    return count >= 'A' && count <= 'Z' ? std::optional<qsizetype>(count - 'A' + 10) : std::nullopt;
 }
 
 } // namespace
@@ -25,18 +28,18 @@ QByteArray frontDecoded(const QByteArray& coded) {
         const size_t end = std::min(rest.find('\n'), rest.size());
         const std::string_view line = rest.substr(0, end);
         rest.remove_prefix(std::min(end + 1, rest.size()));
-        const qsizetype shared = line.empty() ? -1 : sharedLetters(line.front());
-        if (shared < 0 || shared > length)
+        const auto shared = line.empty() ? std::nullopt : sharedLetters(line.front());
+        if (!shared || *shared > length)
             continue;
         const std::string_view own = line.substr(1);
         const size_t blank = own.find(' ');
         const qsizetype start = lines.size();
-        lines.append(lines.constData() + previous, shared).append(own.data(), std::ssize(own));
+        lines.append(lines.constData() + previous, *shared).append(own.data(), std::ssize(own));
         if (blank == std::string_view::npos)
             lines.append(usualFlags.data(), std::ssize(usualFlags));
         lines.append('\n');
         previous = start;
-        length = shared + static_cast<qsizetype>(std::min(blank, own.size()));
+        length = *shared + static_cast<qsizetype>(std::min(blank, own.size()));
     }
     return lines;
 }
