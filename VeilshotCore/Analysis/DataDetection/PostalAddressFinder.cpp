@@ -1,6 +1,6 @@
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
 
-#include "VeilshotCore/Analysis/DataDetection/AddressRecords.h"
+#include "VeilshotCore/Analysis/DataDetection/AddressRecord.h"
 #include "VeilshotCore/Analysis/DataDetection/AddressSpacing.h"
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
 #include "VeilshotCore/Analysis/DataDetection/LargeCities.h"

@@ -1,4 +1,4 @@
-#include "VeilshotCore/Analysis/DataDetection/AddressRecords.h"
+#include "VeilshotCore/Analysis/DataDetection/AddressRecord.h"
 
 #include "VeilshotCore/Analysis/RegularExpression.h"
 
