@@ -2,10 +2,12 @@
 
 #include "VeilshotCore/Analysis/DataDetection/StandardDataDetector.h"
 #include "VeilshotCore/Analysis/NameTagging/TrainedNameTagger.h"
+#include "VeilshotCore/Analysis/RepeatedWordLine.h"
 #include "VeilshotCore/Analysis/TextRecognition/TesseractTextRecognizer.h"
 #include "VeilshotCore/Detection/TextPatterns.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Veilshot {
 
@@ -32,6 +34,18 @@ bool fallsOnCharacters(const QString& line, TextRange range) {
            !splitsPair(range.location) && !splitsPair(range.end());
 }
 
+std::vector<SensitiveTextDetector::TextMatch> allMatches(const QString& text,
+                                                         const SensitiveTextDetector::Analyzers& analyzers) {
+    using Detector = SensitiveTextDetector;
+    if (hasRepeatedWords(text))
+        return Detector::nameMatches(text, *analyzers.nameTagger);
+    std::vector<Detector::TextMatch> matches = Detector::matches(text);
+    std::ranges::copy(Detector::dataDetectorMatches(text, *analyzers.dataDetector),
+                      std::back_inserter(matches));
+    std::ranges::copy(Detector::nameMatches(text, *analyzers.nameTagger), std::back_inserter(matches));
+    return matches;
+}
+
 void appendRegions(SensitiveRegions& regions, const RecognizedLine& line,
                    const std::vector<SensitiveTextDetector::TextMatch>& matches,
                    const SensitiveTextDetector::Kinds& kinds) {
@@ -51,17 +65,22 @@ DetectionOutcome detectSensitiveText(const QImage& image, const SensitiveTextDet
     if (const auto* error = std::get_if<AnalysisError>(&recognized))
         return *error;
     SensitiveRegions regions;
+    QString searched;
+    std::vector<Detector::TextMatch> matches;
     for (const RecognizedLine& line : std::get<std::vector<RecognizedLine>>(recognized)) {
         if (isCancelled())
             return SensitiveRegions();
         const QString& text = line.text();
-        if (kinds.contains(SensitiveKind::identity) && TextPatterns::labeledLine().hasMatch(text)) {
+        if (kinds.contains(SensitiveKind::identity) && !hasRepeatedWords(text) &&
+            TextPatterns::labeledLine().hasMatch(text)) {
             regions.push_back(enlargedRegion(line.boundingBox(), SensitiveKind::identity));
             continue;
         }
-        appendRegions(regions, line, Detector::matches(text), kinds);
-        appendRegions(regions, line, Detector::dataDetectorMatches(text, *analyzers.dataDetector), kinds);
-        appendRegions(regions, line, Detector::nameMatches(text, *analyzers.nameTagger), kinds);
+        // Segments that are read on together come once for the boxes of each.
+        if (text != searched)
+            matches = allMatches(text, analyzers);
+        searched = text;
+        appendRegions(regions, line, matches, kinds);
     }
     return Detector::removingDuplicates(std::move(regions));
 }

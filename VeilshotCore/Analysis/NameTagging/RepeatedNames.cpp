@@ -1,7 +1,7 @@
 #include "VeilshotCore/Analysis/NameTagging/RepeatedNames.h"
 
 #include "VeilshotCore/Analysis/NameTagging/NameDoubts.h"
-#include "VeilshotCore/Analysis/NameTagging/NameEvidence.h"
+#include "VeilshotCore/Analysis/NameTagging/NameLine.h"
 #include "VeilshotCore/Analysis/NameTagging/NameTokenizer.h"
 #include "VeilshotCore/Analysis/RepeatedWordLine.h"
 
@@ -35,43 +35,35 @@ std::vector<std::string> wordsOfFullNames(const QString& passage, const NameTagg
     return words;
 }
 
-/// Whether the capitalised words from here on are a company's: "Sandoval Masonry LLC".
-bool opensOrganisation(const std::vector<NameToken>& tokens, std::size_t at) {
-    for (++at;
-         at < tokens.size() && isWord(tokens[at]) && tokens[at].letterCase != NameToken::LetterCase::lower;
-         ++at) {
-        if (NameLexicon::shared().traits(tokens[at].folded).testFlag(WordTrait::organisation))
-            return true;
+/// Those of the words at the place that stand for nothing else there.
+std::vector<TextRange> namesInPlace(QStringView place, const std::vector<std::string>& words) {
+    const NameLine line(NameLexicon::shared(), place);
+    const std::vector<NameToken> tokens = nameTokens(place);
+    std::vector<TextRange> names;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        const NameWord& word = line.word(at);
+        const bool isRepeated = word.letterCase != NameToken::LetterCase::lower &&
+                                std::ranges::find(words, word.folded) != words.end();
+        const bool isTold = !word.is(anyMeaning) || (line.size() == 1 && word.is(anyName));
+        if (isRepeated && isTold && !line.opensOrganisation(at) &&
+            !isOtherThanName(word.range, place, tokens))
+            names.push_back(word.range);
     }
-    return false;
+    return names;
 }
 
 } // namespace
 
-bool hasRepeatedWord(const QString& line) {
-    return line.contains(repeatSeparator);
-}
-
 std::vector<TextRange> repeatedNames(const QString& line, const NameTagger& tagger) {
-    const qsizetype start = line.lastIndexOf(repeatSeparator) + repeatSeparator.size();
-    const QString place = line.sliced(start);
-    const std::vector<NameToken> tokens = nameTokens(place);
-    const bool isAlone = std::ranges::count_if(tokens, [](const NameToken& token) {
-                             return isWord(token) || token.kind == NameToken::Kind::number;
-                         }) == 1;
-    const std::vector<std::string> words =
-        wordsOfFullNames(line.first(start - repeatSeparator.size()), tagger);
+    qsizetype end = line.indexOf(repeatSeparator);
+    const std::vector<std::string> words = wordsOfFullNames(line.first(end), tagger);
     std::vector<TextRange> names;
-    for (std::size_t at = 0; at < tokens.size(); ++at) {
-        const NameToken& token = tokens[at];
-        const bool isRepeated = isWord(token) && token.letterCase != NameToken::LetterCase::lower &&
-                                std::ranges::find(words, token.folded) != words.end();
-        if (!isRepeated)
-            continue;
-        const WordTraits traits = lineWordTraits(NameLexicon::shared(), token, place);
-        const bool isTold = isAlone ? !(traits & anyMeaning) || (traits & anyName) : !(traits & anyMeaning);
-        if (isTold && !opensOrganisation(tokens, at) && !isOtherThanName(token.range, place, tokens))
-            names.push_back({start + token.range.location, token.range.length});
+    while (end < line.size() && !words.empty()) {
+        const qsizetype start = end + repeatSeparator.size();
+        const qsizetype next = line.indexOf(repeatSeparator, start);
+        end = next < 0 ? line.size() : next;
+        for (const TextRange name : namesInPlace(QStringView(line).sliced(start, end - start), words))
+            names.push_back({start + name.location, name.length});
     }
     return names;
 }

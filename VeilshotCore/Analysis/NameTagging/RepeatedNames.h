@@ -4,11 +4,8 @@
 
 namespace Veilshot {
 
-/// Whether the line lays a passage beside a word that it shares with another place in the picture.
-bool hasRepeatedWord(const QString& line);
-
-/// In such a line, the words behind the passage that belong to a name of several words in it, found by
-/// `tagger`. One that means something else as well counts only if nothing stands beside it.
+/// In a line with repeatSeparator, the words behind the passage that belong to a name of several words in it,
+/// found by `tagger`. One that means something else as well counts only if nothing stands beside it.
 std::vector<TextRange> repeatedNames(const QString& line, const NameTagger& tagger);
 
 } // namespace Veilshot

@@ -9,6 +9,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
 #include "VeilshotCore/Analysis/NameTagging/RepeatedNames.h"
 #include "VeilshotCore/Analysis/NameTagging/UnmistakableNames.h"
+#include "VeilshotCore/Analysis/RepeatedWordLine.h"
 
 #include <QFile>
 #include <algorithm>
@@ -125,7 +126,7 @@ TrainedNameTagger::TrainedNameTagger() : m_segmenter(builtInSegmenter()) {}
 TrainedNameTagger::TrainedNameTagger(const QByteArray& model) : m_segmenter(segmenterOf(model)) {}
 
 std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) const {
-    if (hasRepeatedWord(line))
+    if (hasRepeatedWords(line))
         return repeatedNames(line, *this);
     if (hasCells(line))
         return namesInCells(line, *this);

@@ -5,26 +5,35 @@
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPart.h"
 
 #include <QHash>
+#include <QList>
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
+#include <iterator>
 
 namespace Veilshot {
 
 namespace {
 
+/// A word with its neighbours.
+struct Place {
+    TextRange word;
+    ReadingPart around;
+};
+
 /// What may be a name in full, with the passage in which it stands.
 struct Run {
     QString text;
     ReadingPart passage;
+    std::vector<Place> places; ///< elsewhere, of the words of the run
 };
 
 /// The range with so many more words on either side, up to a label: that would hide the word wherever it
 /// stands, whatever it is.
 ReadingPart stretched(const SegmentReading& reading, TextRange range, int words) {
+    constexpr int mostCharacters = 80;
     const QString& text = reading.text;
-    const auto isEnd = [&, blanks = 0](qsizetype at) mutable {
-        return QStringView(u":#\t").contains(text[at]) || (text[at] == u' ' && ++blanks > words);
+    const auto isEnd = [&, blanks = 0, count = 0](qsizetype at) mutable {
+        return QStringView(u":#\t").contains(text[at]) || (text[at] == u' ' && ++blanks > words) ||
+               ++count > mostCharacters;
     };
     qsizetype start = range.location;
     for (auto isStart = isEnd; start > 0 && !isStart(start - 1);)
@@ -50,47 +59,77 @@ std::vector<TextRange> capitalisedRuns(const QString& text) {
     return expression.ranges(text);
 }
 
-/// The runs by the words that they hold, in small letters.
-QHash<QString, std::vector<Run>> runsByWord(const std::vector<SegmentReading>& readings) {
-    constexpr std::size_t mostRuns = 3;
-    constexpr int wordsAroundRun = 6;
-    QHash<QString, std::vector<Run>> runs;
-    for (const SegmentReading& reading : readings) {
-        for (const TextRange range : capitalisedRuns(reading.text)) {
-            const QString text = reading.text.sliced(range.location, range.length);
-            const ReadingPart passage = stretched(reading, range, wordsAroundRun);
-            for (const TextRange word : capitalisedWords(text)) {
-                std::vector<Run>& known = runs[text.sliced(word.location, word.length).toLower()];
-                if (known.size() < mostRuns && std::ranges::find(known, text, &Run::text) == known.end())
-                    known.push_back({text, passage});
-            }
+class Runs {
+public:
+    explicit Runs(const std::vector<SegmentReading>& readings) {
+        for (const SegmentReading& reading : readings) {
+            for (const TextRange range : capitalisedRuns(reading.text))
+                add(reading, range);
         }
     }
-    return runs;
+
+    void addPlace(const SegmentReading& reading, TextRange word) {
+        constexpr int wordsAround = 2;
+        for (const std::size_t index : m_byWord.value(keyOf(reading.text, word))) {
+            // A run stands in its own line in full.
+            if (!reading.text.contains(m_runs[index].text))
+                m_runs[index].places.push_back({word, stretched(reading, word, wordsAround)});
+        }
+    }
+
+    const std::vector<Run>& all() const { return m_runs; }
+
+private:
+    static QString keyOf(const QString& text, TextRange word) {
+        return text.sliced(word.location, word.length).toLower();
+    }
+
+    void add(const SegmentReading& reading, TextRange range) {
+        constexpr qsizetype mostRuns = 3; // with the same word
+        constexpr int wordsAround = 6;
+        const QString text = reading.text.sliced(range.location, range.length);
+        bool isKept = false;
+        for (const TextRange word : capitalisedWords(text)) {
+            QList<std::size_t>& runs = m_byWord[keyOf(text, word)];
+            const auto isSame = [&](std::size_t index) { return m_runs[index].text == text; };
+            if (runs.size() >= mostRuns || std::ranges::any_of(runs, isSame))
+                continue;
+            if (!isKept)
+                m_runs.push_back({text, stretched(reading, range, wordsAround), {}});
+            isKept = true;
+            runs.push_back(m_runs.size() - 1);
+        }
+    }
+
+    std::vector<Run> m_runs;
+    QHash<QString, QList<std::size_t>> m_byWord; ///< in small letters
+};
+
+RecognizedLine lineOf(const Run& run, QSize image) {
+    QString text = run.passage.text();
+    std::vector<RecognizedLine::Symbol> symbols;
+    for (const auto& [word, around] : run.places) {
+        text += repeatSeparator;
+        const qsizetype start = text.size() + word.location - around.range.location;
+        std::ranges::move(ReadingPart{around.reading, word}.symbols(start, image),
+                          std::back_inserter(symbols));
+        text += around.text();
+    }
+    return {std::move(text), std::move(symbols)};
 }
 
 } // namespace
 
 std::vector<RecognizedLine> linesOfRepeatedWords(const std::vector<SegmentReading>& readings, QSize image) {
-    constexpr int wordsAroundPlace = 2;
-    const QHash<QString, std::vector<Run>> runs = runsByWord(readings);
-    std::vector<RecognizedLine> lines;
+    Runs runs(readings);
     for (const SegmentReading& reading : readings) {
-        for (const TextRange word : capitalisedWords(reading.text)) {
-            const QString text = reading.text.sliced(word.location, word.length);
-            const ReadingPart place = stretched(reading, word, wordsAroundPlace);
-            for (const Run& run : runs.value(text.toLower())) {
-                // A run stands in its own line in full.
-                if (reading.text.contains(run.text))
-                    continue;
-                QString line = run.passage.text();
-                line += repeatSeparator;
-                auto symbols = ReadingPart{reading, word}.symbols(
-                    line.size() + word.location - place.range.location, image);
-                line += place.text();
-                lines.emplace_back(std::move(line), std::move(symbols));
-            }
-        }
+        for (const TextRange word : capitalisedWords(reading.text))
+            runs.addPlace(reading, word);
+    }
+    std::vector<RecognizedLine> lines;
+    for (const Run& run : runs.all()) {
+        if (!run.places.empty())
+            lines.push_back(lineOf(run, image));
     }
     return lines;
 }

@@ -128,6 +128,12 @@ TEST_F(SensitiveTextDetectorTest, LooksForTheWantedKindsAlone) {
     EXPECT_THAT(found({SensitiveKind::phone}), IsEmpty());
 }
 
+TEST_F(SensitiveTextDetectorTest, TakesOnlyNamesFromALineThatRepeatsOthers) {
+    tagger->found = {{9, 3}};
+    EXPECT_THAT(kinds(regionsOf({lineAt(0.1, 0.5, u"a@b.dk\t\uE000\tIda, name: 7"_s)})),
+                ElementsAre(SensitiveKind::name));
+}
+
 TEST_F(SensitiveTextDetectorTest, OrdersRegionsByArea) {
     const auto regions = regionsOf({lineAt(0.1, 0.9, u"a@b.dk"_s), lineAt(0.1, 0.1, u"anna.andersen@b.dk"_s),
                                     lineAt(0.1, 0.5, u"bb@b.dk"_s)});

@@ -171,13 +171,15 @@ INSTANTIATE_TEST_SUITE_P(Unmistakable, NamesInALine,
                                          Row{u"Fee,fees@naru.example", u""}));
 
 INSTANTIATE_TEST_SUITE_P(WordsOfANameElsewhere, NamesInALine,
-                         testing::Values(Row{u"April Fasheun\t≡\t21 April 2024", u""},             //
-                                         Row{u"Obinze Fasheun\t≡\tday Fasheun. When", u"Fasheun"}, //
-                                         Row{u"obf Obinze\t≡\tday Fasheun. When", u""},            //
-                                         Row{u"Fasheun Masonry Ltd\t≡\tday Fasheun. When", u""},   //
-                                         Row{u"Obinze Fasheun\t≡\tFasheun Masonry Ltd", u""},      //
-                                         Row{u"William Church\t≡\tthe Church is open", u""},       //
-                                         Row{u"William Church\t≡\tChurch", u"Church"}));
+                         testing::Values(Row{u"April Fasheun\t\uE000\t21 April 2024", u""},             //
+                                         Row{u"Obinze Fasheun\t\uE000\tday Fasheun. When", u"Fasheun"}, //
+                                         Row{u"obf Obinze\t\uE000\tday Fasheun. When", u""},            //
+                                         Row{u"Obinze Fasheun\t\uE000\tFasheun Ltd\t\uE000\tAsk Fasheun",
+                                             u"Fasheun"},
+                                         Row{u"Fasheun Masonry Ltd\t\uE000\tday Fasheun. When", u""}, //
+                                         Row{u"Obinze Fasheun\t\uE000\tFasheun Masonry Ltd", u""},    //
+                                         Row{u"William Church\t\uE000\tthe Church is open", u""},     //
+                                         Row{u"William Church\t\uE000\tChurch", u"Church"}));
 
 TEST(TrainedNameTaggerTest, FindsWhatTheListsKnowWithoutAModelThatCanBeRead) {
     QFile file(u":/Veilshot/Analysis/NameModel.bin"_s);
