@@ -18,13 +18,5 @@ TEST(SensitiveRegion, SaysInWhichNinthItsCentreLies) {
     EXPECT_EQ(locationOfCentre(2.0 / 3, 1.0 / 3), u"Middle");
 }
 
-TEST(SensitiveRegion, IsEqualOnlyWhenAllFieldsAre) {
-    const SensitiveRegion region(QUuid::createUuid(), {0.1, 0.2, 0.3, 0.4}, SensitiveKind::email);
-    EXPECT_EQ(region, SensitiveRegion(region.id(), region.normalizedRect(), SensitiveKind::email));
-    EXPECT_NE(region, SensitiveRegion(QUuid::createUuid(), region.normalizedRect(), SensitiveKind::email));
-    EXPECT_NE(region, SensitiveRegion(region.id(), region.normalizedRect(), SensitiveKind::web));
-    EXPECT_NE(region, SensitiveRegion(region.id(), {0.1, 0.2, 0.3, 0.5}, SensitiveKind::email));
-}
-
 } // namespace
 } // namespace Veilshot

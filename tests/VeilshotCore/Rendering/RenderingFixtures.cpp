@@ -10,14 +10,8 @@ namespace Veilshot {
 QImage paintedImage(QSize size, const std::function<QColor(int, int)>& colour) {
     QImage image(size, QImage::Format_RGBA8888);
     for (int y = 0; y < size.height(); ++y) {
-        uchar* pixel = image.scanLine(y);
-        for (int x = 0; x < size.width(); ++x, pixel += 4) {
-            const QColor here = colour(x, y);
-            pixel[0] = static_cast<uchar>(here.red());
-            pixel[1] = static_cast<uchar>(here.green());
-            pixel[2] = static_cast<uchar>(here.blue());
-            pixel[3] = static_cast<uchar>(here.alpha());
-        }
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixelColor(x, y, colour(x, y));
     }
     return image;
 }
@@ -65,16 +59,9 @@ QString firstDifferenceOutside(const std::vector<QRect>& pixels, const QImage& a
             const uchar* got = actual.constScanLine(y) + 4 * x;
             const uchar* wanted = expected.constScanLine(y) + 4 * x;
             if (!std::equal(got, got + 4, wanted))
-                return u"(%1, %2): %3 %4 %5 %6 instead of %7 %8 %9 "_s.arg(x)
-                           .arg(y)
-                           .arg(got[0])
-                           .arg(got[1])
-                           .arg(got[2])
-                           .arg(got[3])
-                           .arg(wanted[0])
-                           .arg(wanted[1])
-                           .arg(wanted[2]) +
-                       QString::number(wanted[3]);
+                return u"(%1, %2): %3 instead of %4"_s.arg(x).arg(y).arg(
+                    actual.pixelColor(x, y).name(QColor::HexArgb),
+                    expected.pixelColor(x, y).name(QColor::HexArgb));
         }
     }
     return {};

@@ -80,16 +80,10 @@ TEST(ScreenshotRedactor, ChangesNoPixelOutsideTheRegions) {
             const QImage result = ScreenshotRedactor().render(image, regions, style, intensity);
             EXPECT_EQ(firstDifferenceOutside(covered, result, image), QString())
                 << rawValue(style).toStdString() << ' ' << intensity;
+            const QImage source =
+                ScreenshotRedactor().render(image, {region({1.1, 0.2, 0.5, 0.5})}, style, intensity);
+            EXPECT_EQ(firstDifference(source, image), QString());
         }
-    }
-}
-
-TEST(ScreenshotRedactor, RendersTheSourceWhenEveryRegionLiesOutside) {
-    const QImage image = translucentNoise({30, 20});
-    for (const RedactionStyle style : allRedactionStyles) {
-        const QImage result = ScreenshotRedactor().render(
-            image, {region({1.5, 0, 1, 1}), region({0.2, -0.2, 0.5, 0.1})}, style, 18);
-        EXPECT_EQ(firstDifference(result, image), QString());
     }
 }
 

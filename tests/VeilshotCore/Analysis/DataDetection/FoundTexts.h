@@ -3,10 +3,10 @@
 #include "VeilshotCore/Analysis/DataDetector.h"
 
 #include <QString>
+#include <algorithm>
 #include <gmock/gmock.h>
-#include <initializer_list>
+#include <iterator>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace Veilshot {
@@ -29,10 +29,22 @@ Texts foundIn(const char* utf8) {
     return texts;
 }
 
+/// Takes lines with what is to be found in brackets.
 template<class Finder>
-void expectFound(const std::vector<std::pair<const char*, Texts>>& rows) {
-    for (const auto& [line, texts] : rows)
-        EXPECT_EQ(foundIn<Finder>(line), texts) << line;
+void expectFound(const std::vector<std::string>& rows) {
+    for (const std::string& row : rows) {
+        std::string line;
+        std::ranges::remove_copy_if(row, std::back_inserter(line),
+                                    [](char sign) { return sign == '[' || sign == ']'; });
+        std::string marked;
+        std::size_t end = 0;
+        for (const std::string& text : foundIn<Finder>(line.c_str())) {
+            const std::size_t start = std::min(line.find(text, end), line.size());
+            marked += line.substr(end, start - end) + '[' + text + ']';
+            end = start + text.size();
+        }
+        EXPECT_EQ(marked + line.substr(std::min(end, line.size())), row);
+    }
 }
 
 template<class Finder>

@@ -1,7 +1,6 @@
 #include "VeilshotCore/Analysis/NameTagging/TrainedNameTagger.h"
 
 #include <QFile>
-#include <QStringList>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -9,177 +8,104 @@ using namespace Qt::StringLiterals;
 namespace Veilshot {
 namespace {
 
-QStringList namesIn(const QString& line) {
-    QStringList names;
-    for (const TextRange& range : TrainedNameTagger().personalNames(line))
-        names.append(line.mid(range.location, range.length));
-    return names;
+/// Lines with their names in brackets.
+void expectNames(const std::vector<QString>& rows) {
+    for (const QString& row : rows) {
+        QString line = row;
+        line.remove(u'[').remove(u']');
+        QString marked = line;
+        const std::vector<TextRange> names = TrainedNameTagger().personalNames(line);
+        for (auto name = names.rbegin(); name != names.rend(); ++name)
+            marked.insert(name->end(), u']').insert(name->location, u'[');
+        EXPECT_EQ(marked.toStdString(), row.toStdString());
+    }
 }
 
-/// A line and the names in it, separated by bars.
-struct Row {
-    const char16_t* line;
-    const char16_t* names;
-};
-
-class NamesInALine : public testing::TestWithParam<Row> {};
-
-TEST_P(NamesInALine, AreFoundAmongTheirDecoys) {
-    const auto [line, names] = GetParam();
-    const QStringList expected = QString::fromUtf16(names).split(u'|', Qt::SkipEmptyParts);
-    EXPECT_EQ(namesIn(QString::fromUtf16(line)).join(u'|').toStdString(), expected.join(u'|').toStdString());
+TEST(NamesInALine, AreFoundInBareCells) {
+    expectNames({u"[Helena Whitfield]"_s, u"Quick Settings"_s, u"[Birgitte]"_s, u"Gul"_s, u"Rød"_s,
+                 u"[HELENA WHITFIELD]"_s, u"SAVE CHANGES"_s, u"[Whitfield, Helena R.]"_s, u"Portland, OR"_s,
+                 u"[Anne-Mette af Rosen]"_s, u"10.20.0.7 - Florence"_s, u"Lake Victoria"_s,
+                 u"[Ludwig van der Berg]"_s});
+    expectNames({u"[Robert F. Hughes Jr.]"_s, u"18 [Nwachi Obuzor]"_s, u"[Obuzor, Nwachi]"_s,
+                 u"[Olive Trebarwith]"_s, u"[Jaskwinder Trebarwal]"_s, u"[Dele Nwachibu]"_s,
+                 u"[Dal Forno, Ilaria]"_s, u"[BRANDVOLD, Tyra]"_s, u"Burkina Faso"_s, u"[Aoife]"_s,
+                 u"[Ketil]"_s, u"Saldo"_s});
 }
 
-INSTANTIATE_TEST_SUITE_P(BareCells, NamesInALine,
-                         testing::Values(Row{u"Helena Whitfield", u"Helena Whitfield"},         //
-                                         Row{u"Quick Settings", u""},                           //
-                                         Row{u"Birgitte", u"Birgitte"},                         //
-                                         Row{u"Gul", u""}, Row{u"Rød", u""},                    //
-                                         Row{u"HELENA WHITFIELD", u"HELENA WHITFIELD"},         //
-                                         Row{u"SAVE CHANGES", u""},                             //
-                                         Row{u"Whitfield, Helena R.", u"Whitfield, Helena R."}, //
-                                         Row{u"Portland, OR", u""},                             //
-                                         Row{u"Anne-Mette af Rosen", u"Anne-Mette af Rosen"},   //
-                                         Row{u"10.20.0.7 - Florence", u""},                     //
-                                         Row{u"Lake Victoria", u""},                            //
-                                         Row{u"Ludwig van der Berg", u"Ludwig van der Berg"},   //
-                                         Row{u"Robert F. Hughes Jr.", u"Robert F. Hughes Jr."}, //
-                                         Row{u"18 Nwachi Obuzor", u"Nwachi Obuzor"},            //
-                                         Row{u"Obuzor, Nwachi", u"Obuzor, Nwachi"},             //
-                                         Row{u"Olive Trebarwith", u"Olive Trebarwith"},         //
-                                         Row{u"Jaskwinder Trebarwal", u"Jaskwinder Trebarwal"}, //
-                                         Row{u"Dele Nwachibu", u"Dele Nwachibu"},               //
-                                         Row{u"Dal Forno, Ilaria", u"Dal Forno, Ilaria"},       //
-                                         Row{u"BRANDVOLD, Tyra", u"BRANDVOLD, Tyra"},           //
-                                         Row{u"Burkina Faso", u""},                             //
-                                         Row{u"Aoife", u"Aoife"}, Row{u"Ketil", u"Ketil"},      //
-                                         Row{u"Saldo", u""}));
+TEST(NamesInALine, AreToldFromOrganisations) {
+    expectNames({u"Jensen & Søn A/S"_s, u"Morgan Stanley"_s, u"Marks & Spencer"_s, u"Mads Holm A/S"_s,
+                 u"[Emma] & [Oliver]"_s, u"Howard University"_s, u"Jackson Street 12"_s,
+                 u"Contact [Oliver Brooks], Contoso Inc."_s});
+}
 
-INSTANTIATE_TEST_SUITE_P(Organisations, NamesInALine,
-                         testing::Values(Row{u"Jensen & Søn A/S", u""},         //
-                                         Row{u"Morgan Stanley", u""},           //
-                                         Row{u"Marks & Spencer", u""},          //
-                                         Row{u"Mads Holm A/S", u""},            //
-                                         Row{u"Emma & Oliver", u"Emma|Oliver"}, //
-                                         Row{u"Howard University", u""},        //
-                                         Row{u"Jackson Street 12", u""},        //
-                                         Row{u"Contact Oliver Brooks, Contoso Inc.", u"Oliver Brooks"}));
+TEST(NamesInALine, AreToldByTheirSurroundings) {
+    expectNames({u"Hi [Rose], see you in May"_s, u"He will grant you a wish"_s,
+                 u"Meeting with [Will] moved to Friday"_s, u"Mark all as read"_s, u"Kære [Xantippe],"_s,
+                 u"Welcome Back"_s, u"Med venlig hilsen [Bo]"_s, u"Log ind for at fortsætte"_s,
+                 u"From: New York To: Boston"_s, u"Assigned to [Priya Sharma] on Monday"_s,
+                 u"Dr. [Stone] and Mrs [Field]"_s});
+    expectNames({u"9:30 Standup – [Liam], [Wei], [Aisha]"_s, u"June July August"_s, u"[Omar]’s iPhone"_s,
+                 u"[Mettes] skærm"_s, u"Set af [Freja] og [Rasmus]"_s, u"tak [mette] det var dejligt"_s,
+                 u"@[Freja Lund] kan du se på den?"_s, u"Author: [Liam Walsh] <liam.walsh@example.com>"_s,
+                 u"All good. Hand me [Ezra]'s number, please"_s, u"Sorry. [Faith]'s bike is in the yard"_s,
+                 u"I'm not able to open it"_s});
+}
 
-INSTANTIATE_TEST_SUITE_P(Surroundings, NamesInALine,
-                         testing::Values(Row{u"Hi Rose, see you in May", u"Rose"},                    //
-                                         Row{u"He will grant you a wish", u""},                       //
-                                         Row{u"Meeting with Will moved to Friday", u"Will"},          //
-                                         Row{u"Mark all as read", u""},                               //
-                                         Row{u"Kære Xantippe,", u"Xantippe"},                         //
-                                         Row{u"Welcome Back", u""},                                   //
-                                         Row{u"Med venlig hilsen Bo", u"Bo"},                         //
-                                         Row{u"Log ind for at fortsætte", u""},                       //
-                                         Row{u"From: New York To: Boston", u""},                      //
-                                         Row{u"Assigned to Priya Sharma on Monday", u"Priya Sharma"}, //
-                                         Row{u"Dr. Stone and Mrs Field", u"Stone|Field"},             //
-                                         Row{u"9:30 Standup – Liam, Wei, Aisha", u"Liam|Wei|Aisha"},  //
-                                         Row{u"June July August", u""},                               //
-                                         Row{u"Omar’s iPhone", u"Omar"},                              //
-                                         Row{u"Mettes skærm", u"Mettes"},                             //
-                                         Row{u"Set af Freja og Rasmus", u"Freja|Rasmus"},             //
-                                         Row{u"tak mette det var dejligt", u"mette"},                 //
-                                         Row{u"@Freja Lund kan du se på den?", u"Freja Lund"},        //
-                                         Row{u"Author: Liam Walsh <liam.walsh@example.com>",
-                                             u"Liam Walsh"},                                       //
-                                         Row{u"All good. Hand me Ezra's number, please", u"Ezra"}, //
-                                         Row{u"Sorry. Faith's bike is in the yard", u"Faith"},     //
-                                         Row{u"I'm not able to open it", u""}));
+TEST(NamesInALine, AreFoundInSectionsAndByTheirForm) {
+    expectNames({u"07700 900412 - [Zsofka Brindlemar]"_s, u"[Obinze Fasheun]@obinze_f - 6h"_s,
+                 u"obf:x:1004:1004:[Obinze Fasheun],,,:/home/obf"_s,
+                 u"[Malene Ross] - Rådgiver - Havnens Boligkontor"_s, u"satiren “Obinze Fasheun” fra i går"_s,
+                 u"[Obinze N.] iPad"_s, u"[Ravi P.-C.]"_s, u"Vitamin D. Take one"_s,
+                 u"[Fasheun, B.] and [Obuzor, K.] (2020). Snow."_s,
+                 u"09:10 [P. Fasheun]: på stuegang i dag"_s, u"Your pass will read [FASHEUN/OBINZE] MS"_s,
+                 u"[Kirstine] & [Palle Storgaard]"_s, u"Attendees: [Obinze Fasheun], [Zsofka]"_s,
+                 u"[Anna Storgaard], Zsofka"_s, u"By [Prudence Fasheun], 6 min read"_s});
+    expectNames({u"From: [Tjorven Uhlenbrock]"_s, u"[Okonjo-Bello], [Lindqvist], [Haddad]"_s,
+                 u"Settings, Account, [Anna]"_s, u"Sekretær: [Hrefna] - Version 6.2.0"_s,
+                 u"for position 60: [Gwil] on 07700 900 461"_s, u"Bus on 07700 900 461"_s,
+                 u"[Gebremedhin Tesfaye] set priority to Major"_s, u"Then [Will], who lives here, called"_s,
+                 u"[Obinze], please clean both"_s, u"However, you can skip it"_s, u"Welcome back, [Obinze]"_s,
+                 u"[Marks] kontor er lukket"_s, u"This office is closed"_s, u"Served by [Obinze]"_s,
+                 u"Contact [Hyun-woo Baek] in Network"_s});
+}
 
-INSTANTIATE_TEST_SUITE_P(
-    SectionsAndForms, NamesInALine,
-    testing::Values(Row{u"07700 900412 - Zsofka Brindlemar", u"Zsofka Brindlemar"},              //
-                    Row{u"Obinze Fasheun@obinze_f - 6h", u"Obinze Fasheun"},                     //
-                    Row{u"obf:x:1004:1004:Obinze Fasheun,,,:/home/obf", u"Obinze Fasheun"},      //
-                    Row{u"Malene Ross - Rådgiver - Havnens Boligkontor", u"Malene Ross"},        //
-                    Row{u"satiren “Obinze Fasheun” fra i går", u""},                             //
-                    Row{u"Obinze N. iPad", u"Obinze N."},                                        //
-                    Row{u"Ravi P.-C.", u"Ravi P.-C."},                                           //
-                    Row{u"Vitamin D. Take one", u""},                                            //
-                    Row{u"Fasheun, B. and Obuzor, K. (2020). Snow.", u"Fasheun, B.|Obuzor, K."}, //
-                    Row{u"09:10 P. Fasheun: på stuegang i dag", u"P. Fasheun"},                  //
-                    Row{u"Your pass will read FASHEUN/OBINZE MS", u"FASHEUN/OBINZE"},            //
-                    Row{u"Kirstine & Palle Storgaard", u"Kirstine|Palle Storgaard"},             //
-                    Row{u"Attendees: Obinze Fasheun, Zsofka", u"Obinze Fasheun|Zsofka"},         //
-                    Row{u"Anna Storgaard, Zsofka", u"Anna Storgaard"},                           //
-                    Row{u"By Prudence Fasheun, 6 min read", u"Prudence Fasheun"},                //
-                    Row{u"From: Tjorven Uhlenbrock", u"Tjorven Uhlenbrock"},                     //
-                    Row{u"Okonjo-Bello, Lindqvist, Haddad", u"Okonjo-Bello|Lindqvist|Haddad"},   //
-                    Row{u"Settings, Account, Anna", u"Anna"},                                    //
-                    Row{u"Sekretær: Hrefna - Version 6.2.0", u"Hrefna"},                         //
-                    Row{u"for position 60: Gwil on 07700 900 461", u"Gwil"},                     //
-                    Row{u"Bus on 07700 900 461", u""},                                           //
-                    Row{u"Gebremedhin Tesfaye set priority to Major", u"Gebremedhin Tesfaye"},   //
-                    Row{u"Then Will, who lives here, called", u"Will"},                          //
-                    Row{u"Obinze, please clean both", u"Obinze"},                                //
-                    Row{u"However, you can skip it", u""},                                       //
-                    Row{u"Welcome back, Obinze", u"Obinze"},                                     //
-                    Row{u"Marks kontor er lukket", u"Marks"},                                    //
-                    Row{u"This office is closed", u""},                                          //
-                    Row{u"Served by Obinze", u"Obinze"},                                         //
-                    Row{u"Contact Hyun-woo Baek in Network", u"Hyun-woo Baek"}));
+TEST(NamesInALine, AreToldFromOtherThings) {
+    expectNames({u"Last login: Tue Jun 10 17:48:03 2025"_s, u"Charlotte Street closed until Friday"_s,
+                 u"Florence Nightingale School"_s, u"Wool blanket “Florence”"_s,
+                 u"Moss green, 130 x 180 cm"_s, u"Ventetider Sygeplejen"_s});
+}
 
-INSTANTIATE_TEST_SUITE_P(OtherThings, NamesInALine,
-                         testing::Values(Row{u"Last login: Tue Jun 10 17:48:03 2025", u""}, //
-                                         Row{u"Charlotte Street closed until Friday", u""}, //
-                                         Row{u"Florence Nightingale School", u""},          //
-                                         Row{u"Wool blanket “Florence”", u""},              //
-                                         Row{u"Moss green, 130 x 180 cm", u""},             //
-                                         Row{u"Ventetider Sygeplejen", u""}));
+TEST(NamesInALine, AreFoundWithMisreadLetters) {
+    expectNames({u"[Emi1y Carter]"_s, u"[0livia Bennett]"_s, u"[Soren Kjaer]"_s, u"[M1chael Thompson]"_s,
+                 u"Galaxy S24 Ultra"_s, u"20 [IngridSolheim]"_s,
+                 u"[IngridSolheim] og [JonasVik] skrev 3 gange til [Yrsa]"_s, u"@IngridSolheim hej"_s,
+                 u"JavaScript"_s, u"new IngridMapper()"_s, u"SHA-256 9f86d081884c7d65"_s});
+}
 
-INSTANTIATE_TEST_SUITE_P(MisreadLetters, NamesInALine,
-                         testing::Values(Row{u"Emi1y Carter", u"Emi1y Carter"},         //
-                                         Row{u"0livia Bennett", u"0livia Bennett"},     //
-                                         Row{u"Soren Kjaer", u"Soren Kjaer"},           //
-                                         Row{u"M1chael Thompson", u"M1chael Thompson"}, //
-                                         Row{u"Galaxy S24 Ultra", u""},                 //
-                                         Row{u"20 IngridSolheim", u"IngridSolheim"},    //
-                                         Row{u"IngridSolheim og JonasVik skrev 3 gange til Yrsa",
-                                             u"IngridSolheim|JonasVik|Yrsa"}, //
-                                         Row{u"@IngridSolheim hej", u""},     //
-                                         Row{u"JavaScript", u""},             //
-                                         Row{u"new IngridMapper()", u""},     //
-                                         Row{u"SHA-256 9f86d081884c7d65", u""}));
+TEST(NamesInALine, AreFoundThoughInNoList) {
+    expectNames({u"[K. Papadimitriou]"_s, u"Ship to: [Barnaby Quill], 14 Harbour Row"_s,
+                 u"[Lucinda Thorsgood] → [Mateo Ferreira]"_s, u"Shared with [Lysander] and 3 others"_s,
+                 u"[Konrads] mor ringer kl. 15"_s, u"[Ella Thrane]  ella@thrane.dk  Aktiv"_s,
+                 u"Afsender: [Tjodhild Kvorning]"_s, u"Download Invoice"_s, u"Vælg alle"_s});
+}
 
-INSTANTIATE_TEST_SUITE_P(NamesInNoList, NamesInALine,
-                         testing::Values(Row{u"K. Papadimitriou", u"K. Papadimitriou"},                    //
-                                         Row{u"Ship to: Barnaby Quill, 14 Harbour Row", u"Barnaby Quill"}, //
-                                         Row{u"Lucinda Thorsgood → Mateo Ferreira",
-                                             u"Lucinda Thorsgood|Mateo Ferreira"},                   //
-                                         Row{u"Shared with Lysander and 3 others", u"Lysander"},     //
-                                         Row{u"Konrads mor ringer kl. 15", u"Konrads"},              //
-                                         Row{u"Ella Thrane  ella@thrane.dk  Aktiv", u"Ella Thrane"}, //
-                                         Row{u"Afsender: Tjodhild Kvorning", u"Tjodhild Kvorning"},  //
-                                         Row{u"Download Invoice", u""},                              //
-                                         Row{u"Vælg alle", u""}));
+TEST(NamesInALine, AreFoundWhereTheyAreUnmistakable) {
+    expectNames(
+        {u"Mr [Church] about the yard"_s, u"Dr. [June Castle]"_s, u"the MS Word file and the HR Manager"_s,
+         u"an estate of one [Zoltan Crumb] in Hancock, NY"_s, u"he climbed up with [Pugh] on Sunday"_s,
+         u"Cc [Bill Church], [Miroslava Hruba], info@hall.example"_s,
+         u"9 [Park],[Ha-eun],haeun.park@naru.example"_s, u"Support,Team,support.team@naru.example"_s,
+         u"Fee,fees@naru.example"_s});
+}
 
-INSTANTIATE_TEST_SUITE_P(Unmistakable, NamesInALine,
-                         testing::Values(Row{u"Mr Church about the yard", u"Church"},      //
-                                         Row{u"Dr. June Castle", u"June Castle"},          //
-                                         Row{u"the MS Word file and the HR Manager", u""}, //
-                                         Row{u"an estate of one Zoltan Crumb in Hancock, NY",
-                                             u"Zoltan Crumb"},                               //
-                                         Row{u"he climbed up with Pugh on Sunday", u"Pugh"}, //
-                                         Row{u"Cc Bill Church, Miroslava Hruba, info@hall.example",
-                                             u"Bill Church|Miroslava Hruba"},                           //
-                                         Row{u"9 Park,Ha-eun,haeun.park@naru.example", u"Park|Ha-eun"}, //
-                                         Row{u"Support,Team,support.team@naru.example", u""},           //
-                                         Row{u"Fee,fees@naru.example", u""}));
-
-INSTANTIATE_TEST_SUITE_P(WordsOfANameElsewhere, NamesInALine,
-                         testing::Values(Row{u"April Fasheun\t\uE000\t21 April 2024", u""},             //
-                                         Row{u"Obinze Fasheun\t\uE000\tday Fasheun. When", u"Fasheun"}, //
-                                         Row{u"obf Obinze\t\uE000\tday Fasheun. When", u""},            //
-                                         Row{u"Obinze Fasheun\t\uE000\tFasheun Ltd\t\uE000\tAsk Fasheun",
-                                             u"Fasheun"},
-                                         Row{u"Fasheun Masonry Ltd\t\uE000\tday Fasheun. When", u""}, //
-                                         Row{u"Obinze Fasheun\t\uE000\tFasheun Masonry Ltd", u""},    //
-                                         Row{u"William Church\t\uE000\tthe Church is open", u""},     //
-                                         Row{u"William Church\t\uE000\tChurch", u"Church"}));
+TEST(NamesInALine, AreFoundWhereTheirWordsAreRepeated) {
+    expectNames({u"April Fasheun\t\uE000\t21 April 2024"_s, u"Obinze Fasheun\t\uE000\tday [Fasheun]. When"_s,
+                 u"obf Obinze\t\uE000\tday Fasheun. When"_s,
+                 u"Obinze Fasheun\t\uE000\tFasheun Ltd\t\uE000\tAsk [Fasheun]"_s,
+                 u"Fasheun Masonry Ltd\t\uE000\tday Fasheun. When"_s,
+                 u"Obinze Fasheun\t\uE000\tFasheun Masonry Ltd"_s,
+                 u"William Church\t\uE000\tthe Church is open"_s, u"William Church\t\uE000\t[Church]"_s});
+}
 
 TEST(TrainedNameTaggerTest, FindsWhatTheListsKnowWithoutAModelThatCanBeRead) {
     QFile file(u":/Veilshot/Analysis/NameModel.bin"_s);

@@ -79,18 +79,14 @@ TEST(LineReading, KeepsABlankOnlyWhereTheInkHasOne) {
     }
 }
 
-TEST(LineReading, TakesTheFootOfALetterForNoUnderscore) {
-    TextSegment segment = segmentShowing(u"ab  cd"_s);
-    for (int y = 12; y < 14; ++y)
-        std::fill_n(segment.ink.scanLine(y) + 15, 8, uchar(0)); // on the line where letters end
-    EXPECT_EQ(readSegment(segment, symbolsOf(u"ab cd"_s, u"ab  cd"_s)).text.toStdString(), "ab cd");
-}
-
-TEST(LineReading, TakesAnUnderlineForNoUnderscore) {
-    TextSegment segment = segmentShowing(u"ab cd"_s);
-    for (int y = 16; y < 18; ++y)
-        std::fill_n(segment.ink.scanLine(y), segment.ink.width(), uchar(0));
-    EXPECT_EQ(readSegment(segment, symbolsOf(u"ab cd"_s, u"ab cd"_s)).text.toStdString(), "ab cd");
+TEST(LineReading, TakesNeitherTheFootOfALetterNorAnUnderlineForAnUnderscore) {
+    for (const QRect& stroke : {QRect(15, 12, 8, 2), QRect(0, 16, 39, 2)}) {
+        TextSegment segment = segmentShowing(u"ab  cd"_s);
+        for (int y = stroke.top(); y <= stroke.bottom(); ++y)
+            std::fill_n(segment.ink.scanLine(y) + stroke.x(), std::min(stroke.width(), segment.ink.width()),
+                        uchar(0));
+        EXPECT_EQ(readSegment(segment, symbolsOf(u"ab cd"_s, u"ab  cd"_s)).text.toStdString(), "ab cd");
+    }
 }
 
 TEST(LineReading, CountsRangesInUtf16AndPlacesBoxesInTheImage) {

@@ -32,15 +32,15 @@ QImage page(QSize size, QColor colour) {
     return image;
 }
 
-std::vector<QRect> boxes(const std::vector<TextSegment>& segments) {
-    std::vector<QRect> boxes;
-    for (const TextSegment& segment : segments)
-        boxes.push_back(segment.box);
-    return boxes;
-}
-
 bool neverCancelled() {
     return false;
+}
+
+std::vector<QRect> boxesIn(const QImage& image) {
+    std::vector<QRect> boxes;
+    for (const TextSegment& segment : findTextSegments(image, neverCancelled))
+        boxes.push_back(segment.box);
+    return boxes;
 }
 
 TEST(TextSegments, AreDarkOnWhiteWhateverTheirColours) {
@@ -54,9 +54,8 @@ TEST(TextSegments, AreDarkOnWhiteWhateverTheirColours) {
         drawWord(image, {260, 50}, QColor(120, 120, 120), Qt::white),
         drawWord(image, {360, 225}, Qt::white, QColor(10, 120, 240)),
     };
-    const auto segments = findTextSegments(image, neverCancelled);
-    ASSERT_EQ(boxes(segments), words);
-    for (const TextSegment& segment : segments) {
+    ASSERT_EQ(boxesIn(image), words);
+    for (const TextSegment& segment : findTextSegments(image, neverCancelled)) {
         EXPECT_EQ(segment.ink.size(), segment.box.size());
         EXPECT_EQ(segment.ink.pixelColor(0, 5).lightness(), 0);   // a stroke
         EXPECT_EQ(segment.ink.pixelColor(3, 5).lightness(), 255); // inside the first letter
@@ -71,7 +70,7 @@ TEST(TextSegments, KeepTheCellsOfARowApartAndLeaveOutRulesAndFilledShapes) {
     fill(image, {37, 68, 4, 14}, Qt::white);
     const QRect first = drawWord(image, {60, 70}, Qt::black, Qt::white);
     const QRect second = drawWord(image, {200, 70}, Qt::black, Qt::white);
-    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), (std::vector{first, second}));
+    EXPECT_EQ(boxesIn(image), (std::vector{first, second}));
 }
 
 TEST(TextSegments, KeepTheFilledLettersOfABoldWordButNoEmptyCells) {
@@ -83,7 +82,7 @@ TEST(TextSegments, KeepTheFilledLettersOfABoldWordButNoEmptyCells) {
     }
     for (const int x : {300, 324, 348})
         fill(image, {x, 60, 22, 24}, Qt::black);
-    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), std::vector{QRect(100, 60, 66, 24)});
+    EXPECT_EQ(boxesIn(image), std::vector{QRect(100, 60, 66, 24)});
 }
 
 TEST(TextSegments, StayTwoBesideTheBarOfAQuotation) {
@@ -91,7 +90,7 @@ TEST(TextSegments, StayTwoBesideTheBarOfAQuotation) {
     fill(image, {92, 54, 4, 30}, QColor(0, 120, 90));
     const QRect upper = drawWord(image, {100, 56}, Qt::black, Qt::white);
     const QRect lower = drawWord(image, {100, 72}, Qt::black, Qt::white);
-    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), (std::vector{upper, lower}));
+    EXPECT_EQ(boxesIn(image), (std::vector{upper, lower}));
 }
 
 TEST(TextSegments, EndAtTheFaintBorderOfACell) {
@@ -99,7 +98,7 @@ TEST(TextSegments, EndAtTheFaintBorderOfACell) {
     fill(image, {196, 40, 1, 60}, QColor(230, 230, 230));
     const QRect first = drawWord(image, {105, 60}, Qt::black, Qt::white);
     const QRect second = drawWord(image, {201, 60}, Qt::black, Qt::white);
-    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), (std::vector{first, second}));
+    EXPECT_EQ(boxesIn(image), (std::vector{first, second}));
 }
 
 TEST(TextSegments, StandOnTheGroundOfTheirCell) {
@@ -112,7 +111,7 @@ TEST(TextSegments, StandOnTheGroundOfTheirCell) {
         for (int column = 0; column < 8; ++column)
             fill(image, {words.back().x() + 10 * column + 3, 72, 4, 6}, Qt::white);
     }
-    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), words);
+    EXPECT_EQ(boxesIn(image), words);
 }
 
 TEST(TextSegments, StandOnACardThatCoversTheCornerOfACell) {
@@ -124,7 +123,7 @@ TEST(TextSegments, StandOnACardThatCoversTheCornerOfACell) {
     const QColor card(216, 27, 96);
     fill(image, {110, 90, 240, 80}, card);
     const QRect word = drawWord(image, {120, 100}, Qt::white, card);
-    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), std::vector{word});
+    EXPECT_EQ(boxesIn(image), std::vector{word});
 }
 
 TEST(TextSegments, GoOnBehindACommaOfFixedWidth) {
@@ -132,8 +131,7 @@ TEST(TextSegments, GoOnBehindACommaOfFixedWidth) {
     const QRect first = drawWord(image, {60, 40}, Qt::black, Qt::white);
     fill(image, {first.right() + 4, 48, 2, 5}, Qt::black);
     const QRect second = drawWord(image, {first.right() + 16, 40}, Qt::black, Qt::white);
-    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)),
-              std::vector{first | second | QRect(first.right() + 4, 48, 2, 5)});
+    EXPECT_EQ(boxesIn(image), std::vector{first | second | QRect(first.right() + 4, 48, 2, 5)});
 }
 
 TEST(TextSegments, KeepTheirLettersWhereALineTouchesThem) {
@@ -187,14 +185,14 @@ TEST(TextSegments, AreWholeWhereTilesMeetAndAppearOnce) {
     std::vector<QRect> words;
     for (int y = 14; y < 2180; y += 60)
         words.push_back(drawWord(image, {100, y}, Qt::black, Qt::white));
-    EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), words);
+    EXPECT_EQ(boxesIn(image), words);
 }
 
 TEST(TextSegments, AreFoundOnTransparentPictures) {
     for (const QColor colour : {QColor(Qt::white), QColor(Qt::black)}) {
         QImage image = page({300, 100}, Qt::transparent);
         const QRect word = drawWord(image, {100, 40}, colour, Qt::transparent);
-        EXPECT_EQ(boxes(findTextSegments(image, neverCancelled)), std::vector{word});
+        EXPECT_EQ(boxesIn(image), std::vector{word});
     }
 }
 
