@@ -118,6 +118,10 @@ std::optional<size_t> endOfFormedName(const NameLine& line, size_t at) {
             line.closesCell(last))
             return last;
     }
+    // "NAIDOO K" and nothing else.
+    if (word.letterCase == LetterCase::upper && next.isInitial() && next.touches() && word.is(anyLastName) &&
+        !word.is(anyMeaning) && word.range.length > 3 && line.isFilledBy({at, at + 1}))
+        return at + 1;
     // "DELAHUNTY/CAOIMHE MS".
     const bool areCapitals = word.letterCase == LetterCase::upper && next.letterCase == LetterCase::upper;
     const NameWord& behind = line.word(std::min(at + 2, line.size()));
@@ -171,10 +175,11 @@ bool isIntroduced(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 16> relatives{
         "tante", "onkel", "moster", "faster",  "mormor",  "morfar", "farmor", "farfar",
         "uncle", "aunt",  "auntie", "grandma", "grandpa", "nana",   "cousin", "fatter"};
-    constexpr std::array<std::string_view, 22> deeds{
-        "served",    "written",  "posted",   "created", "reviewed", "approved", "edited",  "uploaded",
-        "requested", "opened",   "closed",   "merged",  "shared",   "booked",   "ordered", "signed",
-        "submitted", "reported", "resolved", "skrevet", "oprettet", "godkendt"};
+    constexpr std::array<std::string_view, 32> deeds{
+        "served",    "written",  "posted",   "created", "reviewed",     "approved", "edited",  "uploaded",
+        "requested", "opened",   "closed",   "merged",  "shared",       "booked",   "ordered", "signed",
+        "submitted", "reported", "resolved", "skrevet", "oprettet",     "godkendt", "voice",   "music",
+        "photo",     "photos",   "design",   "drawing", "illustration", "text",     "story",   "translation"};
     if (at == 0 || !line.word(at).touches() || !isNameLike(line.word(at)))
         return false;
     const NameWord& left = line.word(at - 1);
@@ -185,10 +190,14 @@ bool isIntroduced(const NameLine& line, size_t at) {
            !(line.word(at + 1).touches() && line.word(at + 1).isCapitalized());
 }
 
-/// "Sekretær: Hrefna - Version 6".
+/// "Sekretær: Hrefna - Version 6", "the buyer's brother, Zbigniew, against".
 bool isNamedByRole(const NameLine& line, size_t at) {
-    return at > 0 && line.word(at).before == WordSeparator::colon && line.word(at - 1).is(WordTrait::role) &&
-           isNameLike(line.word(at)) && line.closesCell(at);
+    const NameWord& word = line.word(at);
+    const bool isAside = word.before == WordSeparator::comma &&
+                         line.word(at + 1).before == WordSeparator::comma && word.is(anyFirstName) &&
+                         line.word(at - 1).isLower();
+    return at > 0 && (word.before == WordSeparator::colon || isAside) &&
+           line.word(at - 1).is(WordTrait::role) && isNameLike(word) && line.closesCell(at);
 }
 
 /// "position 60: Gwil on 07700 900 461".

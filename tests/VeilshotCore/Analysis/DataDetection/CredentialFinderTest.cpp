@@ -14,6 +14,8 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
         {"Midlertidig adgangskode\tPlover-Gate-90", {"Plover-Gate-90"}},
         {"\"password\": \"Tr0ub4dor\", \"pin_code\": \"x7Lq93\"", {"Tr0ub4dor", "x7Lq93"}},
         {"Your password is Heron!Lake_4471, change it", {"Heron!Lake_4471"}},
+        {"Auth-kode: qK7-vVe2-9Lm#Tz", {"qK7-vVe2-9Lm#Tz"}},
+        {"elm_sid=s%3AONQCLH2nhFOit2hziwnteJm1; Path=/", {"s%3AONQCLH2nhFOit2hziwnteJm1"}},
         {"Password\tMarble 0290", {"Marble 0290"}},
         {"Tf9#vLq2-Wren-0Zs81k", {"Tf9#vLq2-Wren-0Zs81k"}},
         {"backup codes: 8f3k-29dm, 9k2l-3xpq and", {"8f3k-29dm, 9k2l-3xpq"}},

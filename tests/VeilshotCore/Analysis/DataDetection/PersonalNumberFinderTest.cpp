@@ -14,6 +14,7 @@ TEST(PersonalNumberFinder, FindsDatesOfBirthAndNumbersBehindTheirLabels) {
         {"Eva 14.02.1988 ring først", {"14.02.1988"}},
         {"Astrid, 3 May 2013 (12 years)", {"3 May 2013"}},
         {"Passport no.\tD89167093", {"D89167093"}},
+        {"Passport\tLM482917 (expires 03/2031)", {"LM482917"}},
         {"QV 12 34 56 C or GB29", {}}, // no such letters are given out
         {"Insurance AB 12 34 56 C", {"AB 12 34 56 C"}},
         {"reg.nr. 9153 konto 4044204237", {"9153"}},

@@ -26,7 +26,7 @@ TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
                                            "P.O. Box 77",
                                            "55 King St W, Toronto, ON M5K 1A2",
                                            "15 Rue de Rivoli, 75001 Paris",
-                                           "Hauptstraße 12, 10115 Berlin",
+                                           "HauptstraBe 12, 10115 Berlin",
                                            "Storgatan 4, 111 51 Stockholm",
                                            "9400 Norresundby",
                                            "2200 Kbenhavn N",

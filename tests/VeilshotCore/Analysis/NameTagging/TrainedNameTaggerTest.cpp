@@ -111,6 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{u"Okonjo-Bello, Lindqvist, Haddad", u"Okonjo-Bello|Lindqvist|Haddad"},   //
                     Row{u"Settings, Account, Anna", u"Anna"},                                    //
                     Row{u"Sekretær: Hrefna - Version 6.2.0", u"Hrefna"},                         //
+                    Row{u"sælgers svoger, Ketil, mod kvittering", u"Ketil"},                     //
                     Row{u"for position 60: Gwil on 07700 900 461", u"Gwil"},                     //
                     Row{u"Bus on 07700 900 461", u""},                                           //
                     Row{u"Gebremedhin Tesfaye set priority to Major", u"Gebremedhin Tesfaye"},   //
