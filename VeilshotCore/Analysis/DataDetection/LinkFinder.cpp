@@ -18,10 +18,6 @@ struct Expressions {
     RegularExpression email{uR"((?<![\p{L}\p{N}._%+'’-])[\p{L}\p{N}][\p{L}\p{N}._%+'’-]*)"
                             uR"(@(?:[\p{L}\p{N}](?:[\p{L}\p{N}-]*[\p{L}\p{N}])?\.)+)"
                             uR"((?:xn--[a-z0-9-]+|\p{L}{2,})(?![\p{L}\p{N}@]))"};
-    /// With the port or the network's prefix, which tell as much.
-    RegularExpression endpoint{
-        uR"((?<![\d.])(?:(?:25[0-5]|2[0-4]\d|1?\d?\d)\.){3}(?:25[0-5]|2[0-4]\d|1?\d?\d))"
-        uR"((?::\d{2,5}|/\d{1,2})(?![\d./]))"};
     RegularExpression explicitAddress{
         uR"((?<![\p{L}\p{N}])(?:([a-z][a-z0-9+.-]{1,20}://)|www\.)[^\s<>"“”«»|]+)"};
     /// Groups: the host, the path. A call or a member ("foo.bar(", "foo.bar_baz") is not a domain.
@@ -149,8 +145,6 @@ std::vector<DataMatch> LinkFinder::find(QStringView line) const {
     }
     for (const TextRange range : expressions.email.ranges(line))
         links.add(range, "mailto:"_L1);
-    for (const TextRange range : expressions.endpoint.ranges(line))
-        links.add(range, "http://"_L1);
     for (const auto& match : expressions.bareDomain.matches(line)) {
         const TextRange host = match.groups[0];
         const Path path = match.groups[1].location >= 0 ? Path::present : Path::absent;

@@ -122,6 +122,10 @@ std::optional<size_t> endOfFormedName(const NameLine& line, size_t at) {
     if (word.letterCase == LetterCase::upper && next.isInitial() && next.touches() && word.is(anyLastName) &&
         !word.is(anyMeaning) && word.range.length > 3 && line.isFilledBy({at, at + 1}))
         return at + 1;
+    // "the officer, T. Blackdeer".
+    if (isDottedInitial(line, at) && line.word(at + 1).touches() && isNameLike(line.word(at + 1)) &&
+        !(line.word(at + 2).touches() && line.word(at + 2).isCapitalized()))
+        return at + 1;
     // "DELAHUNTY/CAOIMHE MS".
     const bool areCapitals = word.letterCase == LetterCase::upper && next.letterCase == LetterCase::upper;
     const NameWord& behind = line.word(std::min(at + 2, line.size()));
@@ -158,6 +162,14 @@ bool isStrangePair(const NameLine& line, size_t at) {
     const bool isLastName = next.is(WordTrait::strongLastName) && !next.is(anyMeaning);
     return areTitles && word.is(unusual) && !word.is(anyMeaning & ~unusual) && next.canBeName &&
            next.range.length > 3 && (isSpeltLikeName || isLastName);
+}
+
+/// "Zbigniew topatka" and nothing else: a surname whose first letter was misread.
+bool isMisreadPair(const NameLine& line, size_t at) {
+    constexpr qsizetype shortest = 4;
+    const NameWord& next = line.word(at + 1);
+    return line.isFilledBy({at, at + 1}) && isNameLike(line.word(at)) && line.word(at).is(anyFirstName) &&
+           next.touches() && next.isLower() && !next.traits && next.range.length >= shortest;
 }
 
 /// "Ottavia" and nothing else: a first name, since many last names are towns, no other word and spelt like a
@@ -222,12 +234,12 @@ bool areActing(const NameLine& line, size_t at) {
            verb.isLower() && (verb.is(WordTrait::personVerb) || isOneOf(verb, deeds));
 }
 
-/// "Kahurangi, Moana" and nothing else.
+/// "Kahurangi, Moana" or "Penn, William T." and nothing else.
 bool isLastNameFirst(const NameLine& line, size_t at) {
     const NameWord& next = line.word(at + 1);
-    return next.before == WordSeparator::comma && line.isFilledBy({at, at + 1}) &&
-           isNameLike(line.word(at)) && isNameLike(next) && next.is(anyFirstName) &&
-           !line.word(at).is(anyFirstName);
+    const size_t last = isDottedInitial(line, at + 2) ? at + 2 : at + 1;
+    return next.before == WordSeparator::comma && line.isFilledBy({at, last}) && isNameLike(line.word(at)) &&
+           isNameLike(next) && next.is(anyFirstName) && !line.word(at).is(anyFirstName);
 }
 
 TextRange rangeOf(const NameLine& line, size_t first, size_t last) {
@@ -245,8 +257,8 @@ std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView te
         if (const std::optional<size_t> last = endOfFormedName(line, at)) {
             names.push_back(rangeOf(line, at, *last));
             at = *last;
-        } else if (isByline(line, at) || isStrangePair(line, at) || areActing(line, at) ||
-                   isLastNameFirst(line, at)) {
+        } else if (isByline(line, at) || isStrangePair(line, at) || isMisreadPair(line, at) ||
+                   areActing(line, at) || isLastNameFirst(line, at)) {
             names.push_back(rangeOf(line, at, at + 1));
             ++at;
         } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isIntroduced(line, at) ||

@@ -27,7 +27,6 @@ TEST(LinkFinder, FindsAddressesWithoutThePunctuationAroundThem) {
         {"https://example.com, http://127.0.0.1:3000/", {"https://example.com", "http://127.0.0.1:3000/"}},
         {"Book tid på klinik.dk/tider.", {"http://klinik.dk/tider"}},
         {"localhost.example.com:8080", {"http://localhost.example.com:8080"}},
-        {"203.0.113.58:443, ip4:194.150.12.0/27", {"http://203.0.113.58:443", "http://194.150.12.0/27"}},
         {"rødgrød.dk", {"http://rødgrød.dk"}},
         {"EXAMPLE.COM", {"http://EXAMPLE.COM"}},
         {"docs.rs/regex but not docs.rs", {"http://docs.rs/regex"}},
