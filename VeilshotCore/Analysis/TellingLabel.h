@@ -5,7 +5,7 @@
 namespace Veilshot {
 
 /// Whether the text is a label of details that nothing but their label tells from other words and numbers:
-/// dates of birth, passwords, numbers of documents.
+/// dates of birth, passwords, numbers of documents and of branches of banks.
 bool isLabelOfDetail(const QString& text);
 
 /// Whether the text is a label of parts of people's names: "Efternavn".

@@ -212,17 +212,19 @@ private:
     NameModel model() const {
         float largest = std::numeric_limits<float>::min();
         for (const auto& weights : m_sums) {
-            for (const float weight : weights)
-                largest = std::max(largest, std::abs(weight));
+            for (size_t label = 0; label < outside; ++label)
+                largest = std::max(largest, std::abs(weights[label] - weights[outside]));
         }
         const auto means = static_cast<float>(std::max(1, m_options.rounds - m_options.roundsForAll));
         NameModel model;
         model.stepSize = largest / means / 127;
         for (uint32_t feature = 0; feature < nameFeatureLimit; ++feature) {
             NameModel::Weights entry{feature, {}};
-            for (size_t label = 0; label < labelCount; ++label)
-                entry.steps[label] = static_cast<int8_t>(std::lrint(m_sums[feature][label] / largest * 127));
-            if (entry.steps != std::array<int8_t, labelCount>{})
+            for (size_t label = 0; label < outside; ++label) {
+                const float weight = m_sums[feature][label] - m_sums[feature][outside];
+                entry.steps[label] = static_cast<int8_t>(std::lrint(weight / largest * 127));
+            }
+            if (entry.steps != decltype(entry.steps){})
                 model.weights.push_back(entry);
         }
         for (size_t earlier = 0; earlier < labelCount; ++earlier) {

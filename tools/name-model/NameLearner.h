@@ -18,7 +18,7 @@ struct LabelledFeatures {
 struct LearningOptions {
     int rounds = 18;              ///< how often all lines are looked at
     int roundsForAll = 4;         ///< after these only the heaviest features go on
-    size_t keptFeatures = 250000; ///< so many: four bytes each in the model's file
+    size_t keptFeatures = 250000; ///< so many: three bytes each in the model's file
     double forgotten = 0.4;       ///< share of a token's features hidden from each step
     double stepSize = 0.15;
     double bias = 0.8; ///< added in favour of names: a missed one is worse than a needless one

@@ -4,6 +4,7 @@
 #include "NameLearner.h"
 #include "ReadingNoise.h"
 
+#include "VeilshotCore/Analysis/NameTagging/FrontCoding.h"
 #include "VeilshotCore/Analysis/NameTagging/ListNameTagger.h"
 
 #include <CLI/CLI.hpp>
@@ -23,6 +24,7 @@ struct Options {
     std::vector<std::string> paths;
     std::vector<std::string> countedTwice;
     std::string output;
+    std::string lists;
     double noiseShare = 0.25;
     double thinnedShare = 0.3;
     double droppedNames = 0.5;
@@ -30,28 +32,32 @@ struct Options {
     LearningOptions learning;
 };
 
-QByteArray builtIn(const QString& name) {
-    QFile file(u":/Veilshot/Analysis/"_s + name);
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("Cannot read " + name.toStdString());
+        throw std::runtime_error("Cannot read " + path.toStdString());
     return file.readAll();
+}
+
+NameLexicon lexiconOf(const QByteArray& names) {
+    return NameLexicon(names, contentOf(u":/Veilshot/Analysis/NameContext.txt"_s));
 }
 
 /// The lists without a share of their words. Nearly every name of the corpora stands in the lists, on a
 /// screen every tenth does not: so the spelling and the neighbours of such names are learnt, too.
-NameLexicon thinnedLexicon(const Options& options, unsigned seed) {
+NameLexicon thinnedLexicon(const QByteArray& names, const Options& options, unsigned seed) {
     std::mt19937 random(seed);
     std::bernoulli_distribution isNameDropped(options.droppedNames);
     std::bernoulli_distribution isWordDropped(options.droppedWords);
     QByteArray kept;
-    for (const QByteArray& line : builtIn(u"NameLexicon.txt"_s).split('\n')) {
+    for (const QByteArray& line : names.split('\n')) {
         const QByteArray flags = line.mid(line.indexOf(' ') + 1);
         const bool isName =
             std::ranges::any_of(flags, [](char flag) { return QByteArrayView("FfLl").contains(flag); });
         if (!(isName ? isNameDropped(random) : isWordDropped(random)))
             kept += line + '\n';
     }
-    return NameLexicon(kept, builtIn(u"NameContext.txt"_s));
+    return lexiconOf(kept);
 }
 
 LabelledFeatures featuresOf(const LabelledLine& line, const NameLexicon& lexicon) {
@@ -96,11 +102,13 @@ std::vector<LabelledFeatures> trainingLines(const Options& options) {
     std::mt19937 random(2);
     std::bernoulli_distribution isRepeated(options.noiseShare);
     std::bernoulli_distribution isThinned(options.thinnedShare);
+    const QByteArray names = frontDecoded(contentOf(QString::fromStdString(options.lists)));
+    const NameLexicon whole = lexiconOf(names);
     std::vector<NameLexicon> thinned;
     for (const unsigned seed : {1u, 2u, 3u, 4u})
-        thinned.push_back(thinnedLexicon(options, seed));
+        thinned.push_back(thinnedLexicon(names, options, seed));
     const auto lexicon = [&]() -> const NameLexicon& {
-        return isThinned(random) ? thinned[random() % thinned.size()] : NameLexicon::shared();
+        return isThinned(random) ? thinned[random() % thinned.size()] : whole;
     };
     for (const QString& file : trainingFiles(options.paths)) {
         const std::string name = QFileInfo(file).baseName().toStdString();
@@ -138,6 +146,8 @@ int main(int argc, char** argv) {
     app.option_defaults()->always_capture_default();
     app.add_option("paths", options.paths, "Files of labelled lines, or folders of them")->required();
     app.add_option("--output", options.output, "The model file to write")->required();
+    app.add_option("--lists", options.lists, "The narrow lists, as build-name-lexicon.py writes them")
+        ->required();
     app.add_option("--twice", options.countedTwice, "A file that counts twice, by its name without ending");
     app.add_option("--noise", options.noiseShare, "Share of the lines repeated with reading errors");
     app.add_option("--thinned", options.thinnedShare, "Share of the lines seen with thinned lists");

@@ -46,7 +46,8 @@ QString unit() {
 QString floor() {
     return uR"((?:(?:st|kl|\d{1,2})\s?\.?\s?(?:sal)?\s?,?\s?(?:tv|th|mf|dør\s?\d+|lejl\.?\s?\d+)\b\.?)"
            uR"(|(?:st|kl|\d{1,2})\.(?:\s?sal)?(?=\s*(?:,|$))|\d{1,2}\.?\s+sal\b|(?:lejl|lgh|dør)\.?\s?\d{1,4}\b|(?:bag|for|side|mellem)hus(?:et)?\b)"
-           uR"(|\d{1,2}\.?\s?[ºª°](?!\s?[CF]\b)(?:\s(?:Esq|Dto|Dir|Izq|Dcha|[A-D])\b\.?)?)"_s +
+           uR"(|\d{1,2}\.?\s?[ºª°](?!\s?[CF]\b)(?:\s(?:Esq|Dto|Dir|Izq|Dcha|[A-D])\b\.?)?)"
+           uR"(|\d{1,2}\.?["”'’*]\s?(?:Esq|Dto|Dir|Izq|Dcha)\b\.?)"_s +
            u')';
 }
 

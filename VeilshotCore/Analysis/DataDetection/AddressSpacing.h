@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VeilshotCore/Analysis/DataDetection/RewrittenLine.h"
+#include "VeilshotCore/Analysis/RewrittenLine.h"
 
 #include <QStringView>
 

@@ -55,7 +55,7 @@ struct Expressions {
     /// With a blank beside the colon or the slashes; a password may be torn in two as well.
     RegularExpression webAddress{
         scheme +
-        uR"((?:\s?[:;]\s?/\s?/\s?|\s?[:;]/\s?)(?:[\p{L}\p{N}_-]{1,40}:\s?\S{1,80}?(?:\s\S{1,80}?)?@)?)"
+        uR"((?:\s?[:;]\s?/\s?/\s?|\s?[:;]/\s?)(?:[\p{L}\p{N}_-]{0,40}:\s?\S{1,80}?(?:\s\S{1,80}?)?@)?)"
         uR"([\p{L}\p{N}_%-][^\s<>"“”«»|:]*[.@:][^\s<>"“”«»|]*(?:(?<=:)\s\d{2,5}[^\s<>"“”«»|]*)?(?<![.,;:!?'’)\]]))"_s};
     /// Four groups of digits, each in a group of its own.
     RegularExpression machine{uR"((?<![\w.,:$€£-]))"_s + QStringList(4, group).join(dot) +
@@ -64,6 +64,9 @@ struct Expressions {
     /// In the sixth version, which no finder of well read addresses knows: at least three colons.
     RegularExpression longMachine{
         uR"((?<![\w:.])(?=[\da-f]{0,4}(?::[\da-f]{0,4}){0,6}::|(?:[\da-f]{1,4}:){7}[\da-f])(?=[^\s]*\d)[\da-f]{1,4}(?::{1,2}[\da-f]{1,4}){3,7}(?![\w:]))"};
+    /// With a blank beside its double colon, or a letter for a digit.
+    RegularExpression tornLongMachine{
+        uR"((?<![\w:.])(?=[^\s]*[a-f])(?:20[\da-f]{2}|f[cde][\da-f]{2})(?::[\da-fil]{1,4}){1,5}(?::\s?:|\s::)[\da-fil]{1,4}(?::[\da-fil]{1,4}){0,5}(?![\w:]))"};
 
     static const Expressions& shared() {
         static const Expressions expressions;
@@ -94,10 +97,20 @@ private:
             // In front of the ending of a country it is the member of something in a program.
             beforeLocal + uR"((?=[\p{L}\p{N}.-]{1,60}_))"_s + local +
                 uR"(_[\p{L}\p{N}-]{3,60}\.(?:com|net|org|dk|eu|example)(?![\p{L}\p{N}(_\[]|\.\p{L}|\s?=))"_s,
+            // Or a letter that is read for the "@", in front of an ending that stands in no program.
+            beforeLocal +
+                uR"([a-z\d][a-z\d._-]{1,40}?ø[a-z\d-]{3,40}\.(?:example|test|invalid)(?![\p{L}\p{N}(_]|\.\p{L}))"_s,
+            beforeLocal +
+                uR"((?!config|settings|docker|app|env|database|makefile|readme|nginx)(?=[a-z\d]{12}))"
+                uR"([a-z\d]{2,30}a[a-z\d]{4,30}\.example(?![\p{L}\p{N}(_/]|[.-]\p{L}))"_s,
+            // The next word follows at once.
+            beforeLocal + uR"((?=[\p{L}\d-]+[._]))"_s + local +
+                uR"(@(?:\p{L}[\p{L}-]{2,40}\.){1,3}(?:example|com|net|org|dk)(?=\p{L}*\d))"_s,
             // The dot of the domain is gone or another sign, or what follows it is cut off.
             beforeLocal + local + uR"(@[\p{L}\p{N}-]{2,40}(?:[,;:·_]\s?|\s|\.\s))"_s + ending,
             beforeLocal + uR"((?=[\p{L}.]*[._\d]))"_s + local +
                 uR"(@[\p{L}-]{2,40}(?:com|net|org|dk|eu|de)(?![\p{L}\p{N}./:]))"_s,
+            beforeLocal + local + uR"(@[\p{L}\d-]{2,40}example(?![\p{L}\p{N}./:]))"_s,
             beforeLocal + uR"((?=[\p{L}-]+[._]))"_s + local +
                 uR"(@(?!latest|next|beta|alpha|canary|rc)(?:\p{L}[\p{L}-]{0,40}){0,1}(?:\.\p{L}{0,3})?(?=\s|$|\.\.|[+…"'”,;)>|]))"_s,
         };
@@ -162,8 +175,11 @@ std::vector<DataMatch> MisreadLinkFinder::find(QStringView line) const {
             add(match.range,
                 u"http://"_s + line.sliced(match.range.location, match.range.length).toString().remove(u' '));
     }
-    for (const TextRange range : expressions.longMachine.ranges(line))
-        add(range, u"http://["_s + line.sliced(range.location, range.length).toString() + u']');
+    for (const RegularExpression* machine : {&expressions.longMachine, &expressions.tornLongMachine}) {
+        for (const TextRange range : machine->ranges(line))
+            add(range,
+                u"http://["_s + line.sliced(range.location, range.length).toString().remove(u' ') + u']');
+    }
     std::ranges::sort(links, {}, [](const DataMatch& link) { return link.range.location; });
     return links;
 }

@@ -17,7 +17,7 @@ const QString month =
 const QString year = uR"((?:19|20)\d{2})"_s;
 const QString date = uR"((?:\d{1,2}(?:st|nd|rd|th)?\.?\s?(?:of\s|de\s)?)"_s + month + uR"(,?\s)"_s + year +
                      u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + year +
-                     uR"(|\d{1,2}[./-]\s?\d{1,2}[./-]\s?(?:)"_s + year + uR"(|\d{2})|)"_s + year +
+                     uR"(|\d{1,2}\s?[./-]\s?\d{1,2}\s?[./-]\s?(?:)"_s + year + uR"(|\d{2})|)"_s + year +
                      uR"([./-]\d{1,2}[./-]\d{1,2}))"_s;
 /// The years in which the owners of most documents were born, and few other things happened.
 const QString pastYear = uR"((?:19[2-9]\d|200[0-4]))"_s;
@@ -34,21 +34,25 @@ struct Expressions {
                               uR"()\s?\((?:age[d]?\s)?\d{1,3}(?:\s?(?:years|yrs|y/o|år)\b|\)))"_s};
     RegularExpression alone{uR"(^\s*((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s + schoolYear +
                             u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + schoolYear +
-                            uR"(|\d{1,2}[./-]\d{1,2}[./-])"_s + schoolYear + uR"())\s*$)"_s};
+                            uR"(|\d{1,2}(\s?[./-]\s?)\d{1,2}\2)"_s + schoolYear + uR"())\s*$)"_s};
     /// "f. 12. maj 1971", "Age 54 (May 12, 1971)"
     RegularExpression abbreviated{uR"((?<!\S)[fb]\.\s?(\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + uR"(\s)"_s +
                                   schoolYear + uR"((?!\d)))"_s};
     RegularExpression inBrackets{uR"(\(((?:\d{1,2}(?:st|nd|rd|th)?\.?\s)"_s + month + u'|' + month +
                                  uR"(\s\d{1,2}(?:st|nd|rd|th)?,?)\s)"_s + pastYear + uR"()\))"_s};
-    RegularExpression inDigits{uR"((?<![\d./-])([0-3]?\d[./-][0-3]?\d[./-])"_s + pastYear +
+    RegularExpression inDigits{uR"((?<![\d./-]|[./-]\s)([0-3]?\d(\s?[./-]\s?)[0-3]?\d\2)"_s + pastYear +
                                uR"()(?![\d/-]|[.,]\d))"_s};
     /// A column between label and number arrives as a tab.
     RegularExpression document{
         uR"(^\s*(?:passport|pas|driv\w+ licen[cs]e|kørekort|id|identity|national insurance|ni|social security|ssn)"
-        uR"(|tax|health|patient|sundhedskort|personnummer|tin)(?:[- ]?(?:card|no|nr|number|nummer|id))*\.?\s*:?\t\s*)"
-        uR"(([\p{L}\d][\p{L}\d \-/]{4,18}\d[\p{L}\d \-/]{0,6})\s*$)"};
+        uR"(|tax|health|patient|sundhedskort|personnummer|tin)(?:[- ]?(?:card|kort|no|nr|number|nummer|id))*\.?\s*:?\t\s*)"
+        uR"(([\p{L}\d][\p{L}\d \-/]{4,18}\d(?:[\p{L}\d \-/]{0,5}[\p{L}\d])?)\s*(?:\([^()]*\)\s*)?$)"};
     RegularExpression bank{
         uR"((?<![\p{L}])(?:reg(?:istrerings)?[.\s-]{0,2}(?:nr|nummer|no)|reg(?!\W{0,4}(?:19|20)\d\d)|sort\s?code)[.:\s]{0,3}(\d{4}|\d\d[- ]\d\d[- ]\d\d)(?![\d.,/]))"};
+    /// Of a bank too, in front of the account or of the end of the line.
+    RegularExpression bankBeforeAccount{
+        uR"((?<!\p{L})(?:konto|account)(?:[ .-]?(?:nr|nummer|no|number))?[.:\s]{1,3}(\d{4})(?!\d))"
+        uR"((?=\s?(?:[|/-]\s?|[Il1]\s)\d{6,10}(?!\d)|(?<=\b(?:på|til|fra)\skonto\s\d{4})\s*$))"};
     RegularExpression britishInsurance{
         uR"((?<![A-Za-z\d])((?:QQ|[A-CEGHJ-PR-TW-Z][A-CEGHJ-NPR-TW-Z])\s?\d\d\s?\d\d\s?\d\d\s?[A-D]c?)(?![A-Za-z\d]))",
         RegularExpression::CaseSensitivity::sensitive};
@@ -57,10 +61,10 @@ struct Expressions {
     RegularExpression civil{
         uR"((?<![\d.,/-])((?:[0-2]\d|3[01])(?:0\d|1[0-2])\d\d(?:\s?[-–—_~]{1,3}\s?|[.:=])\d{4})(?![\d/-]|[.,]\d))"};
 
-    /// A passport, or what is as long as one, but neither a ticket nor an order.
+    /// A passport or a licence, or what is as long as one, but neither a ticket nor an order.
     RegularExpression lettered{
         uR"((?<![\w-])(?!(?:INC|PO|SR|CHG|INV|REQ|SO|RMA|TKT|RITM|TASK|PRB|ORD|REF|WO|CR|BUG|FA)\d))"
-        uR"(([A-Z]{1,3}\d{7,9})(?![\w-]))",
+        uR"(([A-Z]{1,3}\d{7,9}|\d{2}[A-Z]{2}\d{5}|[A-Z]{1,2}(?!20\d\d-)(?=(?:-?\d){8})\d{2,5}(?:-\d{2,6}){1,4})(?![\w-]))",
         RegularExpression::CaseSensitivity::sensitive};
     /// Where nothing else stands: no day is that late in the month.
     RegularExpression sortCode{uR"((?<=^|\t)\s{0,3}(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};
@@ -89,8 +93,8 @@ std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
     for (const RegularExpression* expression :
          {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.abbreviated,
           &expressions.inBrackets, &expressions.inDigits, &expressions.document, &expressions.bank,
-          &expressions.civil, &expressions.card, &expressions.account, &expressions.lettered,
-          &expressions.sortCode, &expressions.britishInsurance}) {
+          &expressions.bankBeforeAccount, &expressions.civil, &expressions.card, &expressions.account,
+          &expressions.lettered, &expressions.sortCode, &expressions.britishInsurance}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange range = match.groups[0];
             if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))

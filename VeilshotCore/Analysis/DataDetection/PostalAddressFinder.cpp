@@ -1,5 +1,6 @@
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressFinder.h"
 
+#include "VeilshotCore/Analysis/DataDetection/AddressRecords.h"
 #include "VeilshotCore/Analysis/DataDetection/AddressSpacing.h"
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
 #include "VeilshotCore/Analysis/DataDetection/LargeCities.h"
@@ -163,8 +164,9 @@ std::vector<TextRange> addressesIn(QStringView line) {
 
 /// Hardly any address does without a number, but houses have names.
 bool mayHoldAddress(QStringView line) {
-    static const RegularExpression house(u"Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,"_s,
-                                         RegularExpression::CaseSensitivity::sensitive);
+    static const RegularExpression house(
+        u"Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,|[Cc]\\s?/\\s?[Oo]\\b"_s,
+        RegularExpression::CaseSensitivity::sensitive);
     return std::ranges::any_of(line, [](QChar character) { return character.isDigit(); }) ||
            house.hasMatch(line);
 }
@@ -189,10 +191,19 @@ std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
         return {};
     std::vector<TextRange> addresses = addressesIn(line);
     const RewrittenLine spaced = withBlanksOfAddresses(line);
-    if (!spaced.isChanged())
-        return addresses;
-    for (const TextRange address : addressesIn(spaced.text()))
-        addresses.push_back(spaced.original(address));
+    if (spaced.isChanged()) {
+        for (const TextRange address : addressesIn(spaced.text()))
+            addresses.push_back(spaced.original(address));
+    }
+    const AddressRecord record(line);
+    std::ranges::copy(record.addresses, std::back_inserter(addresses));
+    for (const TextRange field : record.fields) {
+        const QStringView text = line.sliced(field.location, field.length);
+        if (!mayHoldAddress(text))
+            continue;
+        for (const TextRange address : addressesIn(text))
+            addresses.push_back({field.location + address.location, address.length});
+    }
     return merged(std::move(addresses));
 }
 

@@ -17,6 +17,7 @@ using namespace AddressParts;
 
 const QString postBox =
     uR"((?<!\w)(?i:P\.?\s?O\.?\s?Box|Post(?:boks|box|fach|office box))\s+\d{1,6}(?!\w))"_s;
+const QString careOf = uR"((?<![\w/])[Cc]\s?/\s?[Oo]\.?\s\p{Lu}[^,;:\t]{1,40})"_s;
 std::vector<RegularExpression> compiled(const QStringList& patterns, const QString& prefix = {}) {
     std::vector<RegularExpression> expressions;
     for (const QString& pattern : patterns)
@@ -60,7 +61,8 @@ QStringList placePatterns() {
 } // namespace
 
 PostalAddressGrammar::PostalAddressGrammar()
-    : anchors(compiled(englishAddresses() + continentalAddresses() + QStringList{postBox})),
+    : anchors(compiled(englishAddresses() + continentalAddresses() +
+                       QStringList{postBox, uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
       danishPlace(compiled(
           uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå](?:\w{1,3}\.|\w{1,40}+)))"_s +
           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s + uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
@@ -72,7 +74,7 @@ PostalAddressGrammar::PostalAddressGrammar()
       places(compiled(placePatterns(), separator)),
       area(compiled(uR"(\s*,\s*)"_s + city() + uR"((?=\s*,))"_s)),
       lastArea(compiled(uR"(\s*,\s*)"_s + city() + uR"((?:\s+\d{1,4})?)"_s + cellEnd)),
-      precedingUnit(compiled(u'(' + unit() + uR"(\s*,?\s*)$)"_s)),
+      precedingUnit(compiled(uR"(((?:)"_s + unit() + u'|' + careOf + uR"(,)\s*,?\s*)$)"_s)),
       precedingHouse(compiled(
           uR"((?:^|(?<=[:\-–—•>]\s)|(?<=(?:Unit|Suite|Flat|Apt|Floor|Room)\s\w{1,4},\s))((?!(?:Mr|Mrs|Ms|Dr|Ship|Deliver|Visit|Send|Adr|Addr|Adresse|Address)\b))"_s +
           anyOf({unit(), uR"((?:The\s+)?)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}"_s}) +

@@ -27,8 +27,8 @@ struct PostalAddressGrammar {
     /// A name between the address and the end of the line.
     RegularExpression lastArea;
 
-    /// In the text before an anchor and up to its end: a flat, or the name of a house that begins the line
-    /// or the sentence. Group 1 is what belongs to the address.
+    /// In the text before an anchor and up to its end: a flat or with whom, or the name of a house that
+    /// begins the line or the sentence. Group 1 is what belongs to the address.
     RegularExpression precedingUnit;
     RegularExpression precedingHouse;
 

@@ -4,6 +4,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NameSpelling.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Veilshot {
 
@@ -53,6 +54,41 @@ bool mayBeName(const NameLine& line, NameSpan span) {
 
 } // namespace
 
+/// The items of a line that is nothing but an enumeration of capitalised words without another meaning, most
+/// of them names: "Okonjo-Bello, Lindqvist, Haddad". An unknown single word beside a single name may be a
+/// town.
+template<typename IsFound>
+std::vector<TextRange> enumeratedNames(const NameLine& line, IsFound isFound) {
+    constexpr qsizetype longestParticle = 3;
+    struct Item {
+        TextRange range;
+        bool isName = false;
+        bool isSingle = true;
+    };
+    std::vector<Item> items;
+    for (size_t at = 0; at < line.size(); ++at) {
+        const NameWord& word = line.word(at);
+        const bool goesOn = at > 0 && word.touches();
+        const bool isParticle = goesOn && word.range.length <= longestParticle;
+        if (word.letterCase != LetterCase::title || (word.is(anyMeaning) && !isParticle) ||
+            !(at == 0 || goesOn || word.before == WordSeparator::comma))
+            return {};
+        if (!goesOn)
+            items.push_back({word.range});
+        Item& item = items.back();
+        item.range.length = word.range.end() - item.range.location;
+        item.isName = item.isName || isFound(at) || word.is(anyName);
+        item.isSingle = item.isSingle && !goesOn;
+    }
+    const auto names = std::ranges::count_if(items, &Item::isName);
+    const bool hasDoubt = std::ranges::any_of(items, [](auto item) { return !item.isName && item.isSingle; });
+    if (items.size() < 2 || 2 * names < std::ssize(items) + (hasDoubt ? 1 : 0))
+        return {};
+    std::vector<TextRange> ranges;
+    std::ranges::transform(items, std::back_inserter(ranges), &Item::range);
+    return ranges;
+}
+
 std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const NameLexicon& lexicon,
                                      QStringView text) {
     if (names.empty())
@@ -63,6 +99,8 @@ std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const 
                    return name.intersects(line.word(at).range);
                });
     };
+    if (std::vector<TextRange> items = enumeratedNames(line, isFound); !items.empty())
+        return items;
     bool isLabelled = line.size() > 1 && line.word(0).is(WordTrait::label) && line.word(1).touches();
     for (size_t at = 1; at < line.size(); ++at)
         isLabelled = isLabelled ||

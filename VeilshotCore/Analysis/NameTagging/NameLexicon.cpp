@@ -1,5 +1,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NameLexicon.h"
 
+#include "VeilshotCore/Analysis/NameTagging/FrontCoding.h"
+
 #include <QFile>
 #include <algorithm>
 #include <array>
@@ -85,7 +87,8 @@ std::string_view takeUntil(std::string_view& text, char separator) {
 } // namespace
 
 const NameLexicon& NameLexicon::shared() {
-    static const NameLexicon lexicon(resource(u"NameLexicon.txt"_s), resource(u"NameContext.txt"_s));
+    static const NameLexicon lexicon(frontDecoded(resource(u"NameLexicon.txt"_s)),
+                                     resource(u"NameContext.txt"_s));
     return lexicon;
 }
 

@@ -69,7 +69,7 @@ private:
     void readNames();
     void readContext(const QByteArray& context);
 
-    QByteArray m_names; ///< backs the keys, so that eighty thousand strings need not be allocated
+    QByteArray m_names; ///< backs the keys, so that so many strings need not be allocated
     std::vector<Entry> m_entries;
     std::vector<std::pair<std::string, WordTraits>> m_context;
     std::vector<std::string> m_brands;

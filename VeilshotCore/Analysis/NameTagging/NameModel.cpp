@@ -11,7 +11,7 @@ namespace Veilshot {
 
 namespace {
 
-constexpr quint32 signature = 0x564e4d31; // "VNM1"
+constexpr quint32 signature = 0x564e4d32; // "VNM2"
 constexpr auto checksumMethod = QCryptographicHash::Md5;
 constexpr qsizetype checksumSize = 16;
 

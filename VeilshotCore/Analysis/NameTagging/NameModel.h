@@ -13,9 +13,10 @@ namespace Veilshot {
 struct NameModel {
     static constexpr size_t labelCount = 3; ///< begin, inside, outside
 
+    /// Only the differences between the labels decide, so what a feature says for "outside" is always 0.
     struct Weights {
         uint32_t feature = 0; ///< see NameFeatures.h
-        std::array<int8_t, labelCount> steps{};
+        std::array<int8_t, labelCount - 1> steps{};
     };
 
     float stepSize = 0;                                     ///< what one step of a weight is worth

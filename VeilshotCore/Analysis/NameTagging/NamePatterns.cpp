@@ -118,6 +118,14 @@ std::optional<size_t> endOfFormedName(const NameLine& line, size_t at) {
             line.closesCell(last))
             return last;
     }
+    // "NAIDOO K" and nothing else.
+    if (word.letterCase == LetterCase::upper && next.isInitial() && next.touches() && word.is(anyLastName) &&
+        !word.is(anyMeaning) && word.range.length > 3 && line.isFilledBy({at, at + 1}))
+        return at + 1;
+    // "the officer, T. Blackdeer".
+    if (isDottedInitial(line, at) && line.word(at + 1).touches() && isNameLike(line.word(at + 1)) &&
+        !(line.word(at + 2).touches() && line.word(at + 2).isCapitalized()))
+        return at + 1;
     // "DELAHUNTY/CAOIMHE MS".
     const bool areCapitals = word.letterCase == LetterCase::upper && next.letterCase == LetterCase::upper;
     const NameWord& behind = line.word(std::min(at + 2, line.size()));
@@ -156,15 +164,34 @@ bool isStrangePair(const NameLine& line, size_t at) {
            next.range.length > 3 && (isSpeltLikeName || isLastName);
 }
 
+/// "Zbigniew topatka" and nothing else: a surname whose first letter was misread.
+bool isMisreadPair(const NameLine& line, size_t at) {
+    constexpr qsizetype shortest = 4;
+    const NameWord& next = line.word(at + 1);
+    return line.isFilledBy({at, at + 1}) && isNameLike(line.word(at)) && line.word(at).is(anyFirstName) &&
+           next.touches() && next.isLower() && !next.traits && next.range.length >= shortest;
+}
+
+/// "Ottavia" and nothing else: a first name, since many last names are towns, no other word and spelt like a
+/// name.
+bool isLoneName(const NameLine& line, size_t at) {
+    constexpr double least = 0;
+    const NameWord& word = line.word(at);
+    return line.isFilledBy({at, at}) && word.letterCase == LetterCase::title && word.canBeName &&
+           word.range.length > 3 && word.is(anyFirstName) && !word.is(anyMeaning) &&
+           spellingOfName(word.folded) >= least;
+}
+
 /// "Tante Saskiya", "Served by Saskiya".
 bool isIntroduced(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 16> relatives{
         "tante", "onkel", "moster", "faster",  "mormor",  "morfar", "farmor", "farfar",
         "uncle", "aunt",  "auntie", "grandma", "grandpa", "nana",   "cousin", "fatter"};
-    constexpr std::array<std::string_view, 22> deeds{
-        "served",    "written",  "posted",   "created", "reviewed", "approved", "edited",  "uploaded",
-        "requested", "opened",   "closed",   "merged",  "shared",   "booked",   "ordered", "signed",
-        "submitted", "reported", "resolved", "skrevet", "oprettet", "godkendt"};
+    constexpr std::array<std::string_view, 32> deeds{
+        "served",    "written",  "posted",   "created", "reviewed",     "approved", "edited",  "uploaded",
+        "requested", "opened",   "closed",   "merged",  "shared",       "booked",   "ordered", "signed",
+        "submitted", "reported", "resolved", "skrevet", "oprettet",     "godkendt", "voice",   "music",
+        "photo",     "photos",   "design",   "drawing", "illustration", "text",     "story",   "translation"};
     if (at == 0 || !line.word(at).touches() || !isNameLike(line.word(at)))
         return false;
     const NameWord& left = line.word(at - 1);
@@ -173,6 +200,46 @@ bool isIntroduced(const NameLine& line, size_t at) {
     const bool isBy = left.folded == "by" || left.folded == "af";
     return isBy && at > 1 && std::ranges::find(deeds, line.word(at - 2).folded) != deeds.end() &&
            !(line.word(at + 1).touches() && line.word(at + 1).isCapitalized());
+}
+
+/// "Sekretær: Hrefna - Version 6", "the buyer's brother, Zbigniew, against".
+bool isNamedByRole(const NameLine& line, size_t at) {
+    const NameWord& word = line.word(at);
+    const bool isAside = word.before == WordSeparator::comma &&
+                         line.word(at + 1).before == WordSeparator::comma && word.is(anyFirstName) &&
+                         line.word(at - 1).isLower();
+    return at > 0 && (word.before == WordSeparator::colon || isAside) &&
+           line.word(at - 1).is(WordTrait::role) && isNameLike(word) && line.closesCell(at);
+}
+
+/// "position 60: Gwil on 07700 900 461".
+bool isReachedByNumber(const NameLine& line, size_t at) {
+    constexpr std::array<std::string_view, 4> links{"on", "at", "paa", "pa"};
+    constexpr qsizetype fewestDigits = 7;
+    if (at == 0 || !isNameLike(line.word(at)) || !isOneOf(line.word(at + 1), links))
+        return false;
+    qsizetype digits = 0;
+    for (size_t number = at + 2; number < line.size() && line.word(number).isNumber; ++number)
+        digits += line.word(number).range.length;
+    return digits >= fewestDigits;
+}
+
+/// "Gebremedhin Tesfaye set priority": what opens the line and does what people do.
+bool areActing(const NameLine& line, size_t at) {
+    constexpr std::array<std::string_view, 10> deeds{"set",   "gave", "brings", "brought", "took",
+                                                     "takes", "made", "noted",  "found",   "satte"};
+    const NameWord& next = line.word(at + 1);
+    const NameWord& verb = line.word(at + 2);
+    return at == 0 && next.touches() && isNameLike(line.word(at)) && isNameLike(next) && verb.touches() &&
+           verb.isLower() && (verb.is(WordTrait::personVerb) || isOneOf(verb, deeds));
+}
+
+/// "Kahurangi, Moana" or "Penn, William T." and nothing else.
+bool isLastNameFirst(const NameLine& line, size_t at) {
+    const NameWord& next = line.word(at + 1);
+    const size_t last = isDottedInitial(line, at + 2) ? at + 2 : at + 1;
+    return next.before == WordSeparator::comma && line.isFilledBy({at, last}) && isNameLike(line.word(at)) &&
+           isNameLike(next) && next.is(anyFirstName) && !line.word(at).is(anyFirstName);
 }
 
 TextRange rangeOf(const NameLine& line, size_t first, size_t last) {
@@ -190,11 +257,13 @@ std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView te
         if (const std::optional<size_t> last = endOfFormedName(line, at)) {
             names.push_back(rangeOf(line, at, *last));
             at = *last;
-        } else if (isByline(line, at) || isStrangePair(line, at)) {
+        } else if (isByline(line, at) || isStrangePair(line, at) || isMisreadPair(line, at) ||
+                   areActing(line, at) || isLastNameFirst(line, at)) {
             names.push_back(rangeOf(line, at, at + 1));
             ++at;
         } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isIntroduced(line, at) ||
-                   isGreetedAtTheEnd(line, at)) {
+                   isGreetedAtTheEnd(line, at) || isLoneName(line, at) || isNamedByRole(line, at) ||
+                   isReachedByNumber(line, at)) {
             names.push_back(rangeOf(line, at, at));
         }
     }

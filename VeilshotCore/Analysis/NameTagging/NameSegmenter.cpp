@@ -35,8 +35,8 @@ Segmenter segmenterFor(const NameModel& model) {
     dlib::matrix<double, 0, 1> weights;
     weights.set_size(static_cast<long>(dlib::total_feature_vector_size(features)));
     weights = 0;
-    for (size_t label = 0; label < labels; ++label) {
-        for (size_t at = 0; at < model.weights.size(); ++at)
+    for (size_t at = 0; at < model.weights.size(); ++at) {
+        for (size_t label = 0; label < model.weights[at].steps.size(); ++label)
             weights(static_cast<long>(label * features.count + at)) =
                 static_cast<double>(model.stepSize) * model.weights[at].steps[label];
     }

@@ -56,7 +56,9 @@ std::vector<TextRange> repeatedNames(const QString& line, const NameTagger& tagg
     const qsizetype start = line.lastIndexOf(repeatSeparator) + repeatSeparator.size();
     const QString place = line.sliced(start);
     const std::vector<NameToken> tokens = nameTokens(place);
-    const bool isAlone = std::ranges::count_if(tokens, isWord) == 1;
+    const bool isAlone = std::ranges::count_if(tokens, [](const NameToken& token) {
+                             return isWord(token) || token.kind == NameToken::Kind::number;
+                         }) == 1;
     const std::vector<std::string> words =
         wordsOfFullNames(line.first(start - repeatSeparator.size()), tagger);
     std::vector<TextRange> names;

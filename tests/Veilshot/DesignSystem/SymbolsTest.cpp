@@ -6,7 +6,6 @@
 #include <QSvgRenderer>
 #include <gmock/gmock.h>
 #include <numeric>
-#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -14,20 +13,15 @@ namespace Veilshot {
 
 namespace {
 
-// The share of a 48-pixel square that the picture covers; nothing for a picture that cannot be read.
+/// The share of the square that the picture covers; nothing for a picture that cannot be read.
 double coverage(const QString& path) {
-    QSvgRenderer renderer(path);
-    QImage image(48, 48, QImage::Format_Alpha8);
+    QImage image(48, 48, QImage::Format_Alpha8); // of which no row needs padding
     image.fill(0);
     QPainter painter(&image);
-    renderer.render(&painter);
+    QSvgRenderer(path).render(&painter);
     painter.end();
-    double sum = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto row = std::span(image.constScanLine(y), std::size_t(image.width()));
-        sum = std::accumulate(row.begin(), row.end(), sum);
-    }
-    return renderer.isValid() ? sum / (255. * image.width() * image.height()) : 0.;
+    const auto bytes = image.sizeInBytes();
+    return std::accumulate(image.constBits(), image.constBits() + bytes, 0.) / (255. * double(bytes));
 }
 
 } // namespace
@@ -41,10 +35,8 @@ TEST(Symbols, ShowEveryKindAndStyleAndReadFromTheirFiles) {
         paths << module.filePath(u"Symbols/%1.svg"_s.arg(systemImage(kind)));
     for (const RedactionStyle style : allRedactionStyles)
         paths << module.filePath(u"Symbols/%1.svg"_s.arg(systemImage(style)));
-    for (const QString& path : paths) {
-        EXPECT_GT(coverage(path), 0.05) << qPrintable(path);
-        EXPECT_LT(coverage(path), 0.95) << qPrintable(path);
-    }
+    for (const QString& path : paths)
+        EXPECT_NEAR(coverage(path), 0.5, 0.45) << qPrintable(path);
 }
 
 } // namespace Veilshot

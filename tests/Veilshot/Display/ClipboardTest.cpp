@@ -20,8 +20,13 @@ namespace {
 using namespace ImageSamples;
 using StandIns::waitUntil;
 
+QImage bitmap(const QImage& image) {
+    return image.convertedTo(QImage::Format_RGBA8888);
+}
+
 /// The real one, with xclip as the other program.
 struct DesktopClipboard : testing::Test {
+    const QImage small = bitmap(gradient({33, 17}));
     SystemClipboard clipboard;
     std::vector<std::unique_ptr<QProcess>> owners;
 
@@ -68,10 +73,6 @@ struct DesktopClipboard : testing::Test {
     std::optional<QImage> read() const { return ImageTransfer::imageFromPasteboard(clipboard).result(); }
 };
 
-QImage bitmap(const QImage& image) {
-    return image.convertedTo(QImage::Format_RGBA8888);
-}
-
 /// Larger than one request of the X protocol, also as a PNG file.
 QImage largeBitmap() {
     QImage image(5120, 2880, QImage::Format_RGB32);
@@ -80,7 +81,7 @@ QImage largeBitmap() {
 }
 
 TEST_F(DesktopClipboard, GivesOtherProgramsThePixelsAtOnce) {
-    QImage translucent = bitmap(gradient({33, 17}));
+    QImage translucent = small;
     translucent.setPixelColor(5, 5, QColor(10, 20, 30, 40));
     for (const QImage& image : {translucent, largeBitmap()}) {
         ASSERT_TRUE(clipboard.write(image));
@@ -89,42 +90,33 @@ TEST_F(DesktopClipboard, GivesOtherProgramsThePixelsAtOnce) {
 }
 
 TEST_F(DesktopClipboard, NamesPngFirstAndConvertsToOtherTypes) {
-    const QImage image = bitmap(gradient({33, 17}));
-    ASSERT_TRUE(clipboard.write(image));
+    ASSERT_TRUE(clipboard.write(small));
     QList<QByteArray> types = pasted(u"TARGETS"_s).split('\n');
     types.removeIf([](const QByteArray& type) { return !type.startsWith("image/"); });
-    ASSERT_THAT(types, testing::Contains("image/bmp"));
     EXPECT_EQ(types.constFirst(), "image/png");
-    EXPECT_EQ(bitmap(QImage::fromData(pasted(u"image/bmp"_s), "bmp")), image);
+    EXPECT_EQ(bitmap(QImage::fromData(pasted(u"image/bmp"_s), "bmp")), small);
 }
 
 TEST_F(DesktopClipboard, ReadsImagesOfOtherPrograms) {
     const QImage large = largeBitmap();
     copy(u"image/png"_s, encoded(large, "png"));
     EXPECT_EQ(read(), large);
-    copy(u"image/bmp"_s, encoded(gradient({33, 17}), "bmp"));
-    EXPECT_EQ(read(), bitmap(gradient({33, 17})));
-    copy(u"image/jpeg"_s, encoded(quadrants(), "jpeg"));
-    const auto photo = read();
-    ASSERT_TRUE(photo);
-    EXPECT_LE(largestDifference(quarterColors(*photo), quarterColors(quadrants())), 4);
-}
-
-TEST_F(DesktopClipboard, ReadsACopiedImageFile) {
+    copy(u"image/bmp"_s, encoded(small, "bmp"));
+    EXPECT_EQ(read(), small);
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"a shot.png"_s);
-    ASSERT_TRUE(gradient({33, 17}).save(path));
+    ASSERT_TRUE(small.save(path));
     copy(u"text/uri-list"_s, QUrl::fromLocalFile(path).toEncoded() + "\r\n");
-    EXPECT_EQ(read(), bitmap(gradient({33, 17})));
+    EXPECT_EQ(read(), small);
 }
 
 TEST_F(DesktopClipboard, ReadsNothingWhereThereIsNoImage) {
     EXPECT_EQ(read(), std::nullopt);
     copy(u"text/plain"_s, "shot.png");
     EXPECT_EQ(read(), std::nullopt);
-    copy(u"image/png"_s, encoded(gradient({33, 17}), "png").chopped(40));
+    copy(u"image/png"_s, encoded(small, "png").chopped(40));
     EXPECT_EQ(read(), std::nullopt);
-    copy(u"image/bmp"_s, encoded(gradient({33, 17}), "bmp"));
+    copy(u"image/bmp"_s, encoded(small, "bmp"));
     EXPECT_NE(read(), std::nullopt);
     endOwners();
     EXPECT_TRUE(waitUntil([&] { return !read(); }));
@@ -132,8 +124,8 @@ TEST_F(DesktopClipboard, ReadsNothingWhereThereIsNoImage) {
 
 TEST_F(DesktopClipboard, ReadsBackWhatItWrote) {
     copy(u"text/plain"_s, "earlier");
-    ASSERT_TRUE(clipboard.write(bitmap(gradient({33, 17}))));
-    EXPECT_EQ(read(), bitmap(gradient({33, 17})));
+    ASSERT_TRUE(clipboard.write(small));
+    EXPECT_EQ(read(), small);
     EXPECT_EQ(pasted(u"text/plain"_s), "");
 }
 
@@ -142,7 +134,7 @@ TEST_F(DesktopClipboard, ReportsAWriteThatAnotherProgramForestalled) {
     startCopying(u"text/plain"_s, "later");
     // The first gives way. No event has told this process so, and the server refuses it for being late.
     ASSERT_TRUE(owners.front()->waitForFinished());
-    EXPECT_FALSE(clipboard.write(bitmap(gradient({33, 17}))));
+    EXPECT_FALSE(clipboard.write(small));
     EXPECT_EQ(pasted(u"text/plain"_s), "later");
 }
 

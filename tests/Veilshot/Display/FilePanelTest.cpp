@@ -1,11 +1,11 @@
 #include "Veilshot/Platform/FilePanel.h"
 
 #include "Veilshot/Platform/ImageTransfer.h"
+#include "tests/Veilshot/FileContents.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -13,7 +13,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QToolButton>
 #include <QWindow>
 #include <gmock/gmock.h>
 
@@ -49,23 +48,16 @@ struct SavePanel : testing::Test {
 
 TEST_F(SavePanel, ReturnsAPngFileWhateverIsTypedAndAsksBeforeAnyIsReplaced) {
     EXPECT_EQ(choose([] {
-                  EXPECT_EQ(dialog().windowTitle(), u"Export Protected Screenshot");
-                  EXPECT_EQ(dialog().acceptMode(), QFileDialog::AcceptSave);
                   EXPECT_EQ(nameField().text(), u"protected-screenshot.png");
-                  EXPECT_EQ(dialog().mimeTypeFilters(), QStringList{u"image/png"_s});
-                  EXPECT_TRUE(dialog().findChild<QToolButton*>(u"newFolderButton"_s)->isEnabled());
                   press(QDialogButtonBox::Cancel);
               }),
               std::nullopt);
-    const std::pair<QString, QString> names[]{{u"shot"_s, u"shot.png"_s},
-                                              {u"shot.png"_s, u"shot.png"_s},
-                                              {u"shot.PNG"_s, u"shot.PNG"_s},
-                                              {u"shot.jpg"_s, u"shot.jpg.png"_s}};
+    const std::pair<QString, QString> names[]{
+        {u"shot"_s, u"shot.png"_s}, {u"shot.PNG"_s, u"shot.PNG"_s}, {u"shot.jpg"_s, u"shot.jpg.png"_s}};
     for (const auto& [typed, name] : names)
         EXPECT_EQ(choose([&] { save(typed); }), urlOf(name)) << typed.toStdString();
 
-    QFile file(folder.filePath(u"shot.jpg.png"_s)); // which only the added suffix names
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    FileContents::write(folder.filePath(u"shot.jpg.png"_s), {}); // which only the added suffix names
     for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
         const QObject scope;
         bool isAsked = false;
@@ -92,21 +84,20 @@ TEST_F(SavePanel, ReturnsAPngFileWhateverIsTypedAndAsksBeforeAnyIsReplaced) {
 TEST_F(SavePanel, OpensOverTheActiveWindowWhereTheLastFileWentOrElseInAFolderThatExists) {
     QWindow window;
     window.show();
-    window.requestActivate();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto chooseOverWindow = [&](const std::function<void()>& actions) {
+        window.requestActivate(); // there is no window manager to do it
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        choose(actions);
+    };
     const auto expectFolder = [&](const QString& path) {
-        choose([&] {
+        chooseOverWindow([&] {
             EXPECT_EQ(dialog().directory(), QDir(path));
             EXPECT_EQ(dialog().windowHandle()->transientParent(), &window);
             press(QDialogButtonBox::Cancel);
         });
-        window.requestActivate(); // there is no window manager to do it
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     };
     expectFolder(QDir::homePath()); // which has no Pictures folder
-    choose([&] { save(u"shot"_s); });
-    window.requestActivate();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    chooseOverWindow([&] { save(u"shot"_s); });
     expectFolder(folder.path());
     ASSERT_TRUE(folder.remove());
     expectFolder(QDir::homePath());

@@ -2,6 +2,7 @@
 
 #include "Veilshot/Platform/Clipboard.h"
 #include "Veilshot/Platform/TrayHost.h"
+#include "tests/Veilshot/Platform/ImageSamples.h"
 #include "tests/Veilshot/StandIns.h"
 
 #include <QDBusArgument>
@@ -95,10 +96,13 @@ struct MenuBarViewTest : testing::Test {
 
     void SetUp() override {
         textScan.start();
-        view.connect(&view, &MenuBarView::quickPasteRequested, [&] { requests.append(u"quick paste"_s); });
-        view.connect(&view, &MenuBarView::showWindowRequested, [&] { requests.append(u"window"_s); });
-        view.connect(&view, &MenuBarView::settingsRequested, [&] { requests.append(u"settings"_s); });
-        view.connect(&view, &MenuBarView::quitRequested, [&] { requests.append(u"quit"_s); });
+        const auto note = [&](auto request, const QString& name) {
+            view.connect(&view, request, [this, name] { requests.append(name); });
+        };
+        note(&MenuBarView::quickPasteRequested, u"Quick Paste…"_s);
+        note(&MenuBarView::showWindowRequested, u"Show Window"_s);
+        note(&MenuBarView::settingsRequested, u"Settings…"_s);
+        note(&MenuBarView::quitRequested, u"Quit Veilshot"_s);
     }
 
     /// The texts from top to bottom, [in brackets] if they cannot be chosen.
@@ -139,9 +143,7 @@ TEST_F(MenuBarViewTest, FollowsTheSessionInATrayThatComesLaterAndGoesAndComesBac
     tray.emplace();
     ASSERT_TRUE(waitUntil([&] { return icons().size() == 1; }));
     expectMenu({});
-    QImage image(20, 10, QImage::Format_RGBA8888);
-    image.fill(Qt::white);
-    store.load(image);
+    store.load(ImageSamples::filled(Qt::white, {20, 10}));
     expectMenu({u"[Finding personal details…]"_s});
     textScan.addResult(SensitiveRegions(1, {QUuid::createUuid(), {0, 0, 1, 1}, SensitiveKind::email}));
     textScan.finish();
@@ -158,12 +160,17 @@ TEST_F(MenuBarViewTest, FollowsTheSessionInATrayThatComesLaterAndGoesAndComesBac
     tray.emplace();
     ASSERT_TRUE(waitUntil([&] { return icons().size() == 1; }));
     for (const QString& text : {u"Quick Paste…"_s, u"Show Window"_s, u"Settings…"_s, u"Quit Veilshot"_s}) {
-        const qsizetype before = requests.size();
         choose(text);
-        EXPECT_TRUE(waitUntil([&] { return requests.size() > before; }));
+        EXPECT_TRUE(waitUntil([&] { return requests.endsWith(text); }));
     }
     call(icons()[0], u"/StatusNotifierItem"_s, u"org.kde.StatusNotifierItem"_s, u"Activate"_s, {0, 0});
-    EXPECT_EQ(requests, QStringList({u"quick paste"_s, u"window"_s, u"settings"_s, u"quit"_s, u"window"_s}));
+    EXPECT_EQ(requests.mid(4), QStringList(u"Show Window"_s));
+}
+
+TEST(MenuBarEntry, NamesTheShortcutsThatWork) {
+    const auto entries = MenuBarEntry::list({.stage = EditorStore::Stage::Empty});
+    EXPECT_EQ(entries.front().shortcut, QKeySequence(u"Meta+Shift+B"_s));
+    EXPECT_EQ(entries.back().shortcut, QKeySequence(u"Ctrl+Q"_s));
 }
 
 TEST(TrayHost, CountsOnlyTraysOfTheKindThatWasThereFirst) {

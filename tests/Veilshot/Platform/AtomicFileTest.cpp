@@ -1,7 +1,8 @@
 #include "Veilshot/Platform/AtomicFile.h"
 
+#include "tests/Veilshot/FileContents.h"
+
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <csignal>
 #include <gmock/gmock.h>
@@ -13,10 +14,7 @@ using namespace Qt::StringLiterals;
 namespace Veilshot {
 namespace {
 
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+using FileContents::read;
 
 TEST(AtomicFile, IsWrittenWholeOrNotAtAll) {
     const QTemporaryDir temporary;
@@ -24,7 +22,7 @@ TEST(AtomicFile, IsWrittenWholeOrNotAtAll) {
     const QString path = folder.filePath(u"shot.png"_s);
     EXPECT_EQ(writeAtomically(path, "first, and longer", Readership::asUsual), std::nullopt);
     EXPECT_EQ(writeAtomically(path, "second", Readership::asUsual), std::nullopt);
-    EXPECT_EQ(contents(path), "second");
+    EXPECT_EQ(read(path), "second");
 
     const QString secret = folder.filePath(u"secret.png"_s);
     EXPECT_EQ(writeAtomically(secret, "mine", Readership::ownerOnly), std::nullopt);
@@ -34,7 +32,7 @@ TEST(AtomicFile, IsWrittenWholeOrNotAtAll) {
 
     EXPECT_TRUE(QFile::link(path, folder.filePath(u"link.png"_s)));
     EXPECT_EQ(writeAtomically(folder.filePath(u"link.png"_s), "third", Readership::asUsual), std::nullopt);
-    EXPECT_EQ(contents(path), "third");
+    EXPECT_EQ(read(path), "third");
 
     // A disk that fills up: the process may write no file longer than this.
     const auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
@@ -48,7 +46,7 @@ TEST(AtomicFile, IsWrittenWholeOrNotAtAll) {
     ASSERT_TRUE(failure);
     EXPECT_THAT(failure->toStdString(),
                 testing::StartsWith(path.toStdString() + ": the file cannot be written ("));
-    EXPECT_EQ(contents(path), "third");
+    EXPECT_EQ(read(path), "third");
     EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               (QStringList{u"link.png"_s, u"shot.png"_s}));
 }
@@ -58,16 +56,11 @@ TEST(AtomicFile, IsNotWrittenWhereNoFileCanBe) {
     const QDir folder(temporary.path());
     const QString pipe = folder.filePath(u"pipe"_s);
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    struct Row {
-        QString path;
-        QString message;
-    };
-    const QString missing = folder.filePath(u"no/where.png"_s);
-    for (const Row& row :
-         {Row{missing, missing + u": there is no folder “"_s + folder.filePath(u"no"_s) + u"”"_s},
-          Row{temporary.path(), temporary.path() + u": this is a folder"_s},
-          Row{pipe, pipe + u": not a regular file"_s}})
-        EXPECT_EQ(writeAtomically(row.path, "data", Readership::asUsual), row.message);
+    for (const auto& [path, reason] : {std::pair(folder.filePath(u"no/where.png"_s),
+                                                 u"there is no folder “%1”"_s.arg(folder.filePath(u"no"_s))),
+                                       {temporary.path(), u"this is a folder"_s},
+                                       {pipe, u"not a regular file"_s}})
+        EXPECT_EQ(writeAtomically(path, "data", Readership::asUsual), path + u": "_s + reason);
     EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot),
               QStringList{u"pipe"_s});
 }

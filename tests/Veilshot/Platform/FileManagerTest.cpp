@@ -33,26 +33,16 @@ struct FileManagerTest : testing::Test {
     const QUrl file = QUrl::fromLocalFile(u"/home/øjvind/my shots/50%.png"_s);
     const QUrl folder = QUrl::fromLocalFile(u"/home/øjvind/my shots"_s);
 
-    void SetUp() override {
-        if (!bus.isRunning())
-            GTEST_SKIP() << "there is no dbus-daemon";
-    }
-
-    void startService() {
-        auto desktop = bus.connection(u"desktop"_s);
-        ASSERT_TRUE(desktop.registerVirtualObject(u"/org/freedesktop/FileManager1"_s, &service));
-        ASSERT_TRUE(desktop.registerService(u"org.freedesktop.FileManager1"_s));
-    }
-
     SystemFileManager::OpenFolder open = [this](const QUrl& url) { opened.push_back(url); };
 };
 
 TEST_F(FileManagerTest, AsksTheDesktopToSelectTheFileAndOpensTheFolderIfThatIsRefused) {
-    startService();
+    auto desktop = bus.connection(u"desktop"_s);
+    ASSERT_TRUE(desktop.registerVirtualObject(u"/org/freedesktop/FileManager1"_s, &service));
+    ASSERT_TRUE(desktop.registerService(u"org.freedesktop.FileManager1"_s));
     SystemFileManager fileManager(bus.connection(u"veilshot"_s), open);
     fileManager.reveal(file);
     ASSERT_TRUE(StandIns::waitUntil([&] { return !service.calls.empty(); }));
-    EXPECT_EQ(service.calls[0].interface(), u"org.freedesktop.FileManager1"_s);
     EXPECT_EQ(service.calls[0].member(), u"ShowItems"_s);
     EXPECT_EQ(service.calls[0].arguments(),
               QVariantList({QStringList(u"file:///home/%C3%B8jvind/my%20shots/50%25.png"_s), u""_s}));
@@ -60,8 +50,7 @@ TEST_F(FileManagerTest, AsksTheDesktopToSelectTheFileAndOpensTheFolderIfThatIsRe
     service.refuses = true;
     fileManager.reveal(file);
     ASSERT_TRUE(StandIns::waitUntil([&] { return !opened.empty(); }));
-    // Once: not for the call that was granted.
-    EXPECT_THAT(opened, testing::ElementsAre(folder));
+    EXPECT_THAT(opened, testing::ElementsAre(folder)) << "not for the call that was granted";
 }
 
 TEST_F(FileManagerTest, OpensTheFolderWhereNoFileManagerOrNoBusAnswers) {

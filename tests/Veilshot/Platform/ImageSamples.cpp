@@ -43,6 +43,12 @@ QImage ImageSamples::quadrants(QSize size) {
     return image;
 }
 
+QImage ImageSamples::filled(QColor color, QSize size) {
+    QImage image(size, QImage::Format_RGBA8888);
+    image.fill(color);
+    return image;
+}
+
 QImage ImageSamples::gradient(QSize size) {
     QImage image(size, QImage::Format_RGB32);
     for (int y = 0; y < size.height(); ++y) {

@@ -11,6 +11,8 @@ namespace Veilshot::ImageSamples {
 
 /// Red and green above blue and white, each a quarter of the area.
 QImage quadrants(QSize size = {48, 32});
+/// Of one colour, in the one bitmap format.
+QImage filled(QColor color, QSize size);
 /// No two neighbouring rows alike, so that a part that is missing shows.
 QImage gradient(QSize size);
 /// The image as Qt writes it: "png", "jpeg" …

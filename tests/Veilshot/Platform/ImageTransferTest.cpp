@@ -1,10 +1,9 @@
 #include "Veilshot/Platform/ImageTransfer.h"
 
+#include "tests/Veilshot/FileContents.h"
 #include "tests/Veilshot/Platform/ImageSamples.h"
 #include "tests/Veilshot/StandIns.h"
 
-#include <QDir>
-#include <QFile>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QThread>
@@ -17,14 +16,12 @@ namespace {
 
 using ImageTransfer::LoadedItem;
 
-QImage filled(QColor color) {
-    QImage image(8, 8, QImage::Format_RGB32);
-    image.fill(color);
-    return image;
+QImage picture(QColor color) {
+    return ImageSamples::filled(color, {8, 8});
 }
 
 QByteArray png(QColor color) {
-    return ImageSamples::encoded(filled(color), "png");
+    return ImageSamples::encoded(picture(color), "png");
 }
 
 struct Drop : testing::Test {
@@ -32,9 +29,7 @@ struct Drop : testing::Test {
     QMimeData data;
 
     QUrl file(const QString& name, const QByteArray& bytes) const {
-        QFile written(folder.filePath(name));
-        EXPECT_TRUE(written.open(QIODevice::WriteOnly) && written.write(bytes) == bytes.size());
-        return QUrl::fromLocalFile(written.fileName());
+        return QUrl::fromLocalFile(FileContents::write(folder.filePath(name), bytes));
     }
 
     /// The colour of the picture, the error, or "refused".
@@ -50,20 +45,16 @@ struct Drop : testing::Test {
         if (!isAccepted)
             return u"refused"_s;
         EXPECT_TRUE(StandIns::waitUntil([&] { return calls == 1; }));
-        QThread::msleep(1);
-        QCoreApplication::processEvents();
-        EXPECT_EQ(calls, 1);
         const auto* image = std::get_if<QImage>(&loaded);
         return image ? image->pixelColor(0, 0).name() : std::get<QString>(loaded);
     }
 };
 
 const QString red = u"#ff0000"_s, green = u"#00ff00"_s;
-const QString unreadable = u"The dropped item isn’t a readable image."_s;
 
 TEST_F(Drop, PrefersTheImageObjectToData) {
     data.setData(u"image/png"_s, png(Qt::green));
-    data.setImageData(filled(Qt::red));
+    data.setImageData(picture(Qt::red));
     data.setUrls({file(u"other.png"_s, png(Qt::blue))});
     EXPECT_EQ(outcome(), red);
 }
@@ -71,7 +62,6 @@ TEST_F(Drop, PrefersTheImageObjectToData) {
 TEST_F(Drop, TakesTheFirstDataOfAnImageTypeThatHoldsPixels) {
     data.setText(u"words"_s);
     data.setData(u"image/svg+xml"_s, "<svg/>");
-    data.setData(u"image/x-emf"_s, "metafile");
     data.setData(u"image/x-of-some-make"_s, png(Qt::green));
     data.setData(u"image/png"_s, png(Qt::red));
     EXPECT_EQ(outcome(), green);
@@ -87,12 +77,9 @@ TEST_F(Drop, TakesTheFirstFileThatIsAPicture) {
 
 TEST_F(Drop, SaysWhyAPictureCannotBeHad) {
     data.setUrls({file(u"damaged.png"_s, "no picture"), file(u"good.png"_s, png(Qt::red))});
-    EXPECT_EQ(outcome(), unreadable) << "only the first picture counts";
+    EXPECT_EQ(outcome(), u"The dropped item isn’t a readable image."_s) << "only the first picture counts";
     data.setUrls({QUrl::fromLocalFile(folder.filePath(u"gone.png"_s))});
     EXPECT_EQ(outcome(), u"gone.png: there is no such file"_s);
-    data.setUrls({});
-    data.setData(u"image/png"_s, {});
-    EXPECT_EQ(outcome(), unreadable);
 }
 
 TEST_F(Drop, IsRefusedWithoutAPicture) {

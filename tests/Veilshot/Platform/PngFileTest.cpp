@@ -21,24 +21,22 @@ TEST(PngFile, HoldsPixelsAndNothingElse) {
     image.setDevicePixelRatio(2);
     QImage transparent = image.convertToFormat(QImage::Format_ARGB32);
     transparent.setPixelColor(0, 0, QColor(9, 8, 7, 0));
-    struct Row {
-        QImage image;
-        int colorType; // of PNG: 2 without an alpha channel, 6 with one
-    };
-    for (const Row& row :
-         {Row{image, 2}, Row{transparent, 6}, Row{image.convertToFormat(QImage::Format_RGBA8888), 2},
-          Row{image.convertToFormat(QImage::Format_Grayscale8), 2}}) {
-        const QByteArray png = PngFile::encodePng(row.image);
+    constexpr char withoutAlpha = 2, withAlpha = 6; // colour types of PNG
+    for (const auto& [picture, colorType] :
+         {std::pair(image, withoutAlpha),
+          {transparent, withAlpha},
+          {image.convertToFormat(QImage::Format_Grayscale8), withoutAlpha}}) {
+        const QByteArray png = PngFile::encodePng(picture);
         std::vector<QByteArray> types;
         for (const PngChunk& chunk : pngChunks(png)) {
             if (types.empty() || types.back() != chunk.type)
                 types.push_back(chunk.type);
         }
         EXPECT_THAT(types, testing::ElementsAre("IHDR", "IDAT", "IEND"));
-        EXPECT_EQ(pngChunks(png).front().data.at(9), row.colorType);
+        EXPECT_EQ(pngChunks(png).front().data.at(9), colorType);
         const DecodedImage decoded = ImageDecoder::decodeBytes(png, u"png"_s);
         ASSERT_TRUE(std::holds_alternative<QImage>(decoded));
-        EXPECT_EQ(std::get<QImage>(decoded), ImageDecoder::toBitmap(row.image));
+        EXPECT_EQ(std::get<QImage>(decoded), ImageDecoder::toBitmap(picture));
     }
     EXPECT_TRUE(PngFile::encodePng({}).isEmpty());
 }

@@ -12,8 +12,6 @@ public:
     PrivateBus();
     ~PrivateBus();
 
-    /// False where there is no dbus-daemon.
-    bool isRunning() const { return !m_address.isEmpty(); }
     QString address() const { return m_address; }
     /// A participant of the bus; the name is only Qt's.
     QDBusConnection connection(const QString& name);

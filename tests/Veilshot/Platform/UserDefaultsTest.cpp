@@ -1,6 +1,7 @@
 #include "Veilshot/Platform/UserDefaults.h"
 
-#include <QFile>
+#include "tests/Veilshot/FileContents.h"
+
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 
@@ -22,16 +23,12 @@ TEST(UserDefaults, AreThereForTheNextStartAtOnceEachOfItsType) {
 
     // In another place, because objects for the same file share what they have in memory.
     const QString nextPath = folder.filePath(u"next.conf"_s);
-    ASSERT_TRUE(QFile::copy(path, nextPath));
-    QFile file(nextPath);
-    ASSERT_TRUE(file.open(QIODevice::Append));
-    file.write("number=1\nempty=\nlist=true, true\nbytes=@ByteArray(true)\n");
-    file.close();
+    FileContents::write(nextPath, FileContents::read(path) + "number=1\nempty=\nlist=true, true\n");
     const UserDefaults next(nextPath);
     EXPECT_EQ(next.boolean(u"on"_s), true);
     EXPECT_EQ(next.boolean(u"off"_s), false);
     EXPECT_EQ(next.text(u"text"_s), awkward);
-    for (const QString& key : {u"number"_s, u"empty"_s, u"list"_s, u"bytes"_s, u"text"_s})
+    for (const QString& key : {u"number"_s, u"empty"_s, u"list"_s, u"text"_s})
         EXPECT_EQ(next.boolean(key), std::nullopt) << key.toStdString();
     EXPECT_EQ(next.text(u"list"_s), std::nullopt);
 }

@@ -1,7 +1,7 @@
 #include "Veilshot/Updates/Appcast.h"
 #include "Veilshot/Updates/PublicKey.h"
+#include "tests/Veilshot/FileContents.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -12,30 +12,24 @@ using namespace Qt::StringLiterals;
 namespace Veilshot {
 namespace {
 
-struct SignReleaseTest : testing::Test {
-    QTemporaryDir folder;
-    QString key = folder.filePath(u"key"_s);
-    QString notes = folder.filePath(u"notes"_s);
+/// Its output; nothing if it fails.
+std::optional<QByteArray> run(const QStringList& arguments) {
+    QProcess program;
+    program.start(QStringLiteral(VEILSHOT_SIGN_RELEASE), arguments);
+    program.waitForFinished();
+    return program.exitCode() == 0 ? std::optional(program.readAllStandardOutput()) : std::nullopt;
+}
 
-    /// Its output; nothing if it fails.
-    std::optional<QByteArray> run(const QStringList& arguments) {
-        QProcess program;
-        program.start(QStringLiteral(VEILSHOT_SIGN_RELEASE), arguments);
-        program.waitForFinished();
-        return program.exitCode() == 0 ? std::optional(program.readAllStandardOutput()) : std::nullopt;
-    }
-};
-
-TEST_F(SignReleaseTest, MakesItemsThatTheProgramVerifies) {
+TEST(SignRelease, MakesItemsThatTheProgramVerifies) {
+    const QTemporaryDir folder;
+    const QString key = folder.filePath(u"key"_s);
     const auto printedKey = run({u"new-key"_s, key});
     ASSERT_TRUE(printedKey);
     EXPECT_EQ(QFileInfo(key).permissions() & (QFile::ReadGroup | QFile::ReadOther), 0);
     EXPECT_FALSE(run({u"new-key"_s, key})) << "a key is never overwritten";
 
-    QFile file(notes);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("\n• æøå & <b>\r\n\r\n  indented ]]>\n\n");
-    file.close();
+    const QString notes =
+        FileContents::write(folder.filePath(u"notes"_s), "\n• æøå & <b>\r\n\r\n  indented ]]>\n\n");
     const QString link = u"https://example.org/?a=1&b=2"_s;
     EXPECT_FALSE(run({u"sign"_s, key, u"1.5"_s, u"http://example.org/"_s, notes}));
     const auto item = run({u"sign"_s, key, u"1.5"_s, link, notes});

@@ -38,7 +38,6 @@ TEST(UpdateWindow, ShowsACheckAndIsDoneWithTheKeyboard) {
     engine.load(u"qrc:/qt/qml/Veilshot/Features/Updates/UpdateWindow.qml"_s);
     ASSERT_FALSE(engine.rootObjects().isEmpty());
     auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
-    EXPECT_FALSE(window->isVisible());
 
     model.checkForUpdates();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
@@ -61,8 +60,7 @@ TEST(UpdateWindow, ShowsACheckAndIsDoneWithTheKeyboard) {
     hasBrowser = true;
     QTest::keyClick(window, Qt::Key_Return);
     EXPECT_FALSE(window->isVisible());
-    EXPECT_THAT(pages, testing::Each(QUrl(u"https://example.org/1.5.0"_s)));
-    EXPECT_EQ(pages.size(), 2u);
+    EXPECT_EQ(pages, std::vector(2, QUrl(u"https://example.org/1.5.0"_s)));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "Veilshot/Features/Editor/EditorStore.h"
 #include "Veilshot/Platform/Clipboard.h"
 #include "VeilshotCore/Rendering/ScreenshotRedactor.h"
+#include "tests/Veilshot/Platform/ImageSamples.h"
 #include "tests/Veilshot/StandIns.h"
 
 #include <gmock/gmock.h>
@@ -18,9 +19,7 @@ public:
     EditorStore* operator->() { return &m_store; }
 
     void scan(QColor color, QSize size) {
-        QImage image(size, QImage::Format_RGBA8888);
-        image.fill(color);
-        m_store.load(image);
+        m_store.load(ImageSamples::filled(color, size));
         ASSERT_TRUE(waitUntil([&] { return m_store.stage() == EditorStore::Stage::Ready; }));
     }
 

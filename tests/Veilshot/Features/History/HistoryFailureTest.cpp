@@ -1,5 +1,6 @@
 #include "Veilshot/Features/History/HistoryIndex.h"
 #include "Veilshot/Platform/ImageDecoder.h"
+#include "tests/Veilshot/FileContents.h"
 
 #include <QDir>
 #include <QProcess>
@@ -17,11 +18,10 @@ const QString recorder = QStringLiteral(VEILSHOT_HISTORY_RECORDER);
 
 /// The entries of the index, none before there is one. Every image that it lists must be complete.
 HistoryEntries completeEntries(const QDir& folder) {
-    QFile file(folder.filePath(u"history.json"_s));
-    if (!file.exists())
+    const QString path = folder.filePath(u"history.json"_s);
+    if (!QFile::exists(path))
         return {};
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray json = file.readAll();
+    const QByteArray json = FileContents::read(path);
     const auto entries = HistoryIndex::decode(json);
     EXPECT_TRUE(entries) << json.toStdString();
     for (const HistoryEntry& entry : entries.value_or(HistoryEntries())) {
@@ -85,9 +85,7 @@ TEST(HistoryFailure, LeavesACompleteHistoryWhereverTheDiskIsFull) {
         EXPECT_EQ(completeEntries(disk).empty(), pages <= 2);
         for (const QString& name : disk.entryList(QDir::Files | QDir::Hidden))
             EXPECT_TRUE(name.endsWith(u".png"_s) || name == u"history.json"_s) << name.toStdString();
-        QFile output(disk.path() + u".txt"_s);
-        ASSERT_TRUE(output.open(QIODevice::ReadOnly));
-        const QByteArray lines = output.readAll();
+        const QByteArray lines = FileContents::read(disk.path() + u".txt"_s);
         EXPECT_TRUE(lines.endsWith("-\n")) << lines.toStdString();
     }
 }

@@ -1,9 +1,9 @@
 #include "Veilshot/Features/History/HistoryImage.h"
 
+#include "tests/Veilshot/FileContents.h"
 #include "tests/Veilshot/Platform/ImageSamples.h"
 #include "tests/Veilshot/StandIns.h"
 
-#include <QFile>
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
@@ -29,9 +29,7 @@ struct HistoryImageTest : testing::Test {
     }
 
     QUrl file(const QString& name, const QByteArray& bytes) const {
-        QFile file(temporary.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return QUrl::fromLocalFile(file.fileName());
+        return QUrl::fromLocalFile(FileContents::write(temporary.filePath(name), bytes));
     }
     QColor color(int x, int y) { return window.grabWindow().pixelColor(x, y); }
     bool waitForColor(int x, int y, const QColor& expected) {

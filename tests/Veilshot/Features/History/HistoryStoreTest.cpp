@@ -1,7 +1,9 @@
 #include "Veilshot/Features/History/HistoryStore.h"
 
+#include "Veilshot/Features/History/HistoryIndex.h"
 #include "Veilshot/Platform/ImageDecoder.h"
 #include "Veilshot/Platform/UserDefaults.h"
+#include "tests/Veilshot/FileContents.h"
 #include "tests/Veilshot/Platform/ImageSamples.h"
 #include "tests/Veilshot/StandIns.h"
 
@@ -12,6 +14,7 @@
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
+using Veilshot::HistoryIndex::idText;
 
 namespace Veilshot {
 namespace {
@@ -40,18 +43,10 @@ struct HistoryStoreTest : testing::Test {
     }
     HistoryStore restarted() { return HistoryStore(store.directory(), defaults, clock); }
 
-    QByteArray index() const {
-        QFile file(indexPath);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    void writeFile(const QString& path, const QByteArray& bytes) const {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
+    QByteArray index() const { return FileContents::read(indexPath); }
     QStringList files() const {
         return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
-    static QString idText(QUuid id) { return id.toString(QUuid::WithoutBraces).toUpper(); }
     /// The names of everything that belongs to the copies, and of these, in the order of `files`.
     static QStringList filesOf(const std::vector<QUuid>& ids, QStringList others = {u"history.json"_s}) {
         for (const QUuid& id : ids)
@@ -104,7 +99,7 @@ TEST_F(HistoryStoreTest, StartsWithTheCopiesOfAnIndexOfExactlyThisText) {
     const QStringList filesBefore = files();
     EXPECT_THAT(ids(restarted()), ElementsAre(*second));
     EXPECT_EQ(index(), before);
-    writeFile(indexPath, before.chopped(1));
+    FileContents::write(indexPath, before.chopped(1));
     EXPECT_TRUE(restarted().entries().empty());
     EXPECT_EQ(files(), filesBefore);
 }
@@ -117,9 +112,8 @@ TEST_F(HistoryStoreTest, KeepsThirtyCopies) {
     for (int i = 0; i < 32; ++i)
         expected.insert(expected.begin(), record().value());
     expected.resize(30);
-    EXPECT_EQ(ids(store), expected);
+    EXPECT_EQ(ids(restarted()), expected);
     EXPECT_EQ(files(), filesOf(expected));
-    EXPECT_EQ(restarted().entries(), store.entries());
     EXPECT_EQ(announced.size(), 32u);
     EXPECT_EQ(std::ranges::max(announced), 30u);
 }
@@ -134,7 +128,7 @@ TEST_F(HistoryStoreTest, ReplacesACopyOnlyByOneThatIsWritten) {
     // A file where the folder should be keeps even the superuser from writing.
     const HistoryStore::Entries before = store.entries();
     ASSERT_TRUE(QDir().rename(folder, parent + u"/elsewhere"_s));
-    writeFile(folder, "in the way");
+    FileContents::write(folder, "in the way");
     EXPECT_EQ(record(newest), std::nullopt);
     EXPECT_EQ(store.entries(), before);
     ASSERT_TRUE(QFile::remove(folder) && QDir().rename(parent + u"/elsewhere"_s, folder));
@@ -150,10 +144,9 @@ TEST_F(HistoryStoreTest, DeletesWhatItListsAndNothingElse) {
 
     record();
     const QUuid kept = record().value();
-    writeFile(folder + u"/a-note.png"_s, "somebody's");
+    FileContents::write(folder + u"/a-note.png"_s, "somebody's");
     store.deleteEntry(store.entries().at(1));
-    EXPECT_THAT(ids(store), ElementsAre(kept));
-    EXPECT_EQ(index().count("createdAt"), 1);
+    EXPECT_THAT(ids(restarted()), ElementsAre(kept));
     EXPECT_EQ(files(), filesOf({kept}, {u"a-note.png"_s, u"history.json"_s}));
     store.clear();
     EXPECT_TRUE(store.entries().empty());
@@ -182,12 +175,10 @@ TEST_F(HistoryStoreTest, ListsEachOfSeveralRecordingsUnderWay) {
 TEST_F(HistoryStoreTest, RemembersWhetherItIsSwitchedOn) {
     int changes = 0;
     QObject::connect(&store, &HistoryStore::isEnabledChanged, [&] { ++changes; });
-    EXPECT_TRUE(store.isEnabled());
     const QUuid kept = record().value();
     store.setEnabled(false);
     EXPECT_FALSE(store.isEnabled() || restarted().isEnabled());
     EXPECT_EQ(files(), filesOf({kept}));
-    EXPECT_TRUE(record()); // who records asks first
     defaults.setText(u"historyEnabled"_s, u"0"_s);
     EXPECT_TRUE(restarted().isEnabled());
     store.setEnabled(true);

@@ -11,7 +11,6 @@ Q_IMPORT_QML_PLUGIN(Veilshot_DesignSystemPlugin)
 Q_IMPORT_QML_PLUGIN(Veilshot_FeaturesPlugin)
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace Veilshot {
 namespace {
@@ -104,20 +103,17 @@ TEST_F(HistoryViewsTest, OpensTheSheetOfTheCardThatHasTheKeyboard) {
     press({Qt::Key_C}, Qt::ControlModifier);
     waitForCopies(1);
     EXPECT_TRUE(item(u"Copied"_s));
-    clock.advance(1500ms);
-    EXPECT_TRUE(item(u"Copy"_s));
     click(u"Show in Finder"_s);
     EXPECT_EQ(fileManager.revealed, std::vector{store.imageURL(small())});
     press({Qt::Key_Escape});
     ASSERT_TRUE(becomes("isShowingSheet", false));
 
-    press({Qt::Key_Return});
-    click(u"Open in Editor"_s);
-    EXPECT_TRUE(becomes("isShowingSheet", false));
+    for (const QString& button : {u"Open in Editor"_s, u"Delete"_s}) {
+        press({Qt::Key_Return});
+        click(button);
+        EXPECT_TRUE(becomes("isShowingSheet", false));
+    }
     EXPECT_EQ(view->property("opened"), 1);
-    press({Qt::Key_Return});
-    click(u"Delete"_s);
-    EXPECT_TRUE(becomes("isShowingSheet", false));
     EXPECT_EQ(store.count(), 1);
     EXPECT_EQ(tall().pixelWidth, 600);
 }

@@ -6,16 +6,11 @@ namespace Veilshot {
 namespace {
 
 TEST(PanelPlacementTest, CentresThePanel72AboveTheBottomOfTheUsableArea) {
-    struct Row {
-        const char* screen;
-        QRect usableArea;
-        QPoint origin;
-    };
-    for (const Row& row :
-         {Row{"whole", {0, 0, 1400, 900}, {460, 588}}, Row{"bar above", {0, 30, 1400, 870}, {460, 588}},
-          Row{"dock at the left", {80, 0, 1320, 900}, {500, 588}},
-          Row{"second, left of and above the first", {-1920, -200, 1920, 1080}, {-1200, 568}}})
-        EXPECT_EQ(PanelPlacement::origin(row.usableArea, {480, 240}), row.origin) << row.screen;
+    for (const auto& [usableArea, origin] :
+         {std::pair(QRect(0, 0, 1400, 900), QPoint(460, 588)), // the whole screen
+          {{80, 30, 1320, 870}, {500, 588}},                   // beside a dock, below a bar
+          {{-1920, -200, 1920, 1080}, {-1200, 568}}})          // left of the first screen and above
+        EXPECT_EQ(PanelPlacement::origin(usableArea, {480, 240}), origin);
 }
 
 } // namespace

@@ -24,11 +24,7 @@ struct SessionParts {
     QuickPasteSession::Collaborators collaborators() {
         return {*store, clipboard, filePanel, [this] { ++beeps; }};
     }
-    static QImage picture(QSize size) {
-        QImage image(size, QImage::Format_RGBA8888);
-        image.fill(Qt::blue);
-        return image;
-    }
+    static QImage picture(QSize size) { return ImageSamples::filled(Qt::blue, size); }
 };
 
 } // namespace Veilshot::StandIns

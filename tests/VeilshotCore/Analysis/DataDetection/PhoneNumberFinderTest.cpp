@@ -1,23 +1,11 @@
 #include "VeilshotCore/Analysis/DataDetection/PhoneNumberFinder.h"
-#include "tests/VeilshotCore/Analysis/DataDetection/TextsOfRanges.h"
-
-#include <gmock/gmock.h>
+#include "tests/VeilshotCore/Analysis/DataDetection/FoundTexts.h"
 
 namespace Veilshot {
 namespace {
 
-struct Row {
-    const char* line;
-    std::vector<std::string> numbers;
-};
-
-std::vector<std::string> numbersIn(const std::string& utf8) {
-    const QString line = QString::fromStdString(utf8);
-    return textsOf(line, PhoneNumberFinder().find(line));
-}
-
 TEST(PhoneNumberFinder, FindsNumbersAsPeopleWriteThem) {
-    const Row rows[] = {
+    expectFound<PhoneNumberFinder>({
         {"Cell: 503.555.0176", {"503.555.0176"}},
         {"Voicemail from (646) 555-0102, 0:32", {"(646) 555-0102"}},
         {"Office +1-206-555-0188 ext. 12", {"+1-206-555-0188 ext. 12"}},
@@ -30,44 +18,41 @@ TEST(PhoneNumberFinder, FindsNumbersAsPeopleWriteThem) {
         {"Jane Doe 415-555-0132 2024-03-14 Active", {"415-555-0132"}},
         {"Telefon 86 12 34 56 kl. 9-15", {"86 12 34 56"}},
         {"Order line, call 2125550147", {"2125550147"}},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(numbersIn(row.line), row.numbers) << row.line;
+    });
 }
 
 TEST(PhoneNumberFinder, LeavesOtherNumbersAlone) {
-    for (const char* line : {"2019–2024",
-                             "(2024-03-14)",
-                             "09:41   05-06-2025",
-                             "14.03.2024",
-                             "CVR 24256790",
-                             "Konto 0400 1234567890",
-                             "Ordrenr. 10293847",
-                             "Order #1029384756",
-                             "Tracking 1Z999AA10123456784",
-                             "10 20 30 40 50",
-                             "55 10 22",
-                             "1.299.000,00 kr.",
-                             "33124567 kr.",
-                             "$2125550147",
-                             "v10.15.7",
-                             "192.168.1.254",
-                             "3.14159265",
-                             "0x7fff5fbff8a0",
-                             "Score 21-17, 18-21, 21-19",
-                             "Build 20240314.1"})
-        EXPECT_EQ(numbersIn(line), std::vector<std::string>{}) << line;
+    expectNothingFound<PhoneNumberFinder>({"2019–2024",
+                                           "(2024-03-14)",
+                                           "09:41   05-06-2025",
+                                           "14.03.2024",
+                                           "CVR 24256790",
+                                           "Konto 0400 1234567890",
+                                           "Ordrenr. 10293847",
+                                           "Order #1029384756",
+                                           "Tracking 1Z999AA10123456784",
+                                           "10 20 30 40 50",
+                                           "55 10 22",
+                                           "1.299.000,00 kr.",
+                                           "33124567 kr.",
+                                           "$2125550147",
+                                           "v10.15.7",
+                                           "192.168.1.254",
+                                           "3.14159265",
+                                           "0x7fff5fbff8a0",
+                                           "Score 21-17, 18-21, 21-19",
+                                           "Build 20240314.1"});
 }
 
 // Long lines are read in overlapping pieces.
 TEST(PhoneNumberFinder, FindsEveryNumberOfALongLineOnceAndWhole) {
     std::string line = "Call list: ";
-    std::vector<std::string> expected;
+    Texts expected;
     for (int number = 0; number < 60; ++number) {
         expected.push_back("(415) 555-01" + std::to_string(10 + number));
         line += expected.back() + ", ";
     }
-    EXPECT_EQ(numbersIn(line), expected);
+    EXPECT_EQ(foundIn<PhoneNumberFinder>(line.c_str()), expected);
 }
 
 } // namespace

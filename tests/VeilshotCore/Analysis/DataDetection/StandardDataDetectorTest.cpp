@@ -61,7 +61,8 @@ TEST(StandardDataDetector, SearchesWhatTheLineProbablyWasAndTellsWhereItStands) 
 
 TEST(StandardDataDetector, FindsWhatStandsBehindALongRunOfAnything) {
     constexpr qsizetype length = 2000;
-    for (const QString& part : {u"ab.c"_s, u"_"_s, u"Ab’"_s, u"\t"_s, u"7"_s, u"1:"_s, u"A1 "_s}) {
+    for (const QString& part :
+         {u"ab.c"_s, u"_"_s, u"Ab’"_s, u"\t"_s, u"7"_s, u"1:"_s, u"A1 "_s, u"a@b.dk,1 A,\"9000"_s}) {
         for (const QString& detail :
              {u"hunter22x"_s, u"anna.berg@parcelio.dk"_s, u"+45_ 20 12 34 56"_s, u"Nørrebrogade 12"_s}) {
             const QString line = part.repeated(length / part.size()) + u" ; pwd= "_s + detail;

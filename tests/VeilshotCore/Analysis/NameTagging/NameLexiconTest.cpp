@@ -1,4 +1,5 @@
 #include "VeilshotCore/Analysis/NameTagging/NameLexicon.h"
+#include "VeilshotCore/Analysis/NameTagging/FrontCoding.h"
 
 #include <QFile>
 #include <gmock/gmock.h>
@@ -12,7 +13,7 @@ TEST(NameLexiconTest, BuiltInListsLoseNoLineWhenRead) {
     QFile file(u":/Veilshot/Analysis/NameLexicon.txt"_s);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray names = file.readAll();
-    EXPECT_GT(names.count('\n'), 70000);
+    EXPECT_GT(names.count('\n'), 160000);
     EXPECT_EQ(NameLexicon::shared().size(), names.count('\n'));
 }
 
@@ -44,6 +45,12 @@ TEST(NameLexiconTest, BuiltInListsKnowNamesFromWordsAndPlaces) {
     EXPECT_FALSE(lexicon.traits("xqzzy"));
     EXPECT_TRUE(lexicon.isBrand("morgan", "stanley"));
     EXPECT_FALSE(lexicon.isBrand("stanley", "morgan"));
+}
+
+TEST(NameLexiconTest, FrontCodedLinesBorrowFromTheLineBefore) {
+    EXPECT_EQ(frontDecoded("0ann F\n3a\n4bel Fl\n1b xr\n"), "ann F\nanna l\nannabel Fl\nab xr\n");
+    // More than there is to borrow, no count, an empty line.
+    EXPECT_EQ(frontDecoded("0an F\n3a\n-x l\n\n2ders"), "an F\nanders l\n");
 }
 
 TEST(NameLexiconTest, DropsLinesOutOfOrderOrWithoutFlagsAndKeepsTheRest) {

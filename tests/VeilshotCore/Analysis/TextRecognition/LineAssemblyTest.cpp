@@ -63,7 +63,7 @@ TEST(LineAssembly, WritesSignsSoThatNoNumberToCallComesOfThem) {
     const std::pair<QString, QString> rows[] = {
         {u"2025-03-18 08:15:03 ok"_s, u"2025‑03‑18 08:15:03 ok"_s},
         {u"2025-03-18T08:15:03"_s, u"2025‑03‑18T08:15:03"_s},
-        {u"03-02-2025 14:10"_s, u"03‑02‑2025 14:10"_s},
+        {u"03-92-2025 @4:10"_s, u"03‑92‑2025 04:10"_s},
         {u"born 22-08-1985"_s, u"born 22-08-1985"_s},
         {u"2025-03-18 in Ry"_s, u"2025‑03‑18 in Ry"_s},
         {u"1985-03-18 in Ry"_s, u"1985-03-18 in Ry"_s},
@@ -79,6 +79,10 @@ TEST(LineAssembly, WritesSignsSoThatNoNumberToCallComesOfThem) {
         {u"Hakon @degard on"_s, u"Hakon Ødegard on"_s},
         {u"Mercy Ogunleye @mercymakes"_s, u"Mercy Ogunleye @mercymakes"_s},
         {u"Ask @hakon.o or a@b.dk"_s, u"Ask @hakon.o or a@b.dk"_s},
+        {u"+2@ 2 555@ 1188, 919-555-@164"_s, u"+20 2 5550 1188, 919-555-0164"_s},
+        {u"97 55 @4 48, DK5@@@40@0440116243"_s, u"97 55 04 48, DK50004000440116243"_s},
+        {u"20304050@2mail.dk 20304050@163.com"_s, u"20304050@2mail.dk 20304050@163.com"_s},
+        {u"1280 sold @250, 100 200 @24.50"_s, u"1280 sold @250, 100 200 @24.50"_s},
     };
     for (const auto& [recognized, written] : rows)
         EXPECT_THAT(textsOf({reading(recognized, {0, 0, 90, 9})}),

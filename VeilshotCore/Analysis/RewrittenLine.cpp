@@ -1,4 +1,4 @@
-#include "VeilshotCore/Analysis/DataDetection/RewrittenLine.h"
+#include "VeilshotCore/Analysis/RewrittenLine.h"
 
 #include <algorithm>
 
