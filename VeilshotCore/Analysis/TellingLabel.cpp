@@ -14,10 +14,10 @@ bool isLabelOfDetail(const QString& text) {
     static const RegularExpression expression(
         uR"(^(?:(?:date of )?birth(?: ?da(?:y|te))?|born|dob|født|fødselsda(?:g|to))"
         uR"(|(?:[\p{L}-]+ ){0,2}(?:pass(?:word|code|phrase)?|secret|token|pin(?: ?code)?|(?:api|access|license) key)"
-        uR"(|kodeord|adgangskode|pinkode|nøgle|pas(?:nummer)?)|kørekort|driv\w+ licen[cs]e|sundhedskort)"
+        uR"(|kodeord|adgangskode|pinkode|nøgle|pas(?:nummer|sport)?)|kørekort|driv\w+ licen[cs]e|sundhedskort)"
         uR"(|reg(?:istrerings)?[. -]{0,2}(?:nr|nummer|no)?|sort ?code)"
         uR"(|(?:passport|pas|id|identity|ni|national insurance|social security|tax|ssn|tin|health|patient))"
-        uR"((?:[- ]?(?:card|no|nr|number|nummer|id)){1,2})[.*:]?$)");
+        uR"((?:[- ]?(?:card|kort|no|nr|number|nummer|id)){1,2})[.*:]?$)");
     return text.size() <= longestLabel && expression.hasMatch(text);
 }
 

@@ -65,7 +65,7 @@ const QString streetEnding =
     u"|(?<!hri)sti|kajen?|draget|svinget|krogen|skrænten|gården|marken|engen|lunden|dalen|leddet|(?:ster|"
     u"mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
-    u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|straße"
+    u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|stra[ßbB]e"
     u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|(?<=[a-zäö]{3}n)tie"_s;
 /// Not after one or two letters: Palle and Kalle are people.
 const QString avenueEnding = uR"((?<=[\w'’.\-]{3})all[eé]e?n?)"_s;

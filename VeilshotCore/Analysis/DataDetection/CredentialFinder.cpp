@@ -16,7 +16,7 @@ using enum RegularExpression::CaseSensitivity;
 /// What says that a secret follows. "Tokens: 512" counts something.
 const QString secretLabel =
     uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|wi-?fi|guest)\s+pass|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
-    uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?)"
+    uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?|auth(?:[oe]\w{4,9})?[ -]?[ck]ode)"
     uR"(|kodeord|adgangskode|pinkode|engangskode|nøgle))"_s;
 
 /// "8f3k-29dm"
@@ -40,7 +40,7 @@ struct Expressions {
     RegularExpression knownShape{
         uR"((?<![A-Za-z0-9])(?:(?:AKIA|ASIA|AROA|AGPA)[A-Z0-9]{12,}|AIza[\w-]{20,}|gh[oprsu]_\w{12,})"
         uR"(|github_pat_\w{12,}|glpat-[\w-]{12,}|xox[abeoprs]-[\w-]{10,}|npm_\w{16,}|hf_\w{16,}|ya29\.[\w-]{16,})"
-        uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|[rsp]k_(?:live|test|prod|demo)_\w{10,}|whsec_\w{12,})"
+        uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|s%3A[\w%.-]{16,}|[rsp]k_(?:live|test|prod|demo)_\w{10,}|whsec_\w{12,})"
         uR"(|eyJ[\w-]{6,}\s?\.\s?[\w-]{4,}(?:\s?\.\s?[\w-]{4,}(?:\s[\w-]{12,})?)?))",
         sensitive};
     /// Behind the initials of whose it is, as far as it was read well.

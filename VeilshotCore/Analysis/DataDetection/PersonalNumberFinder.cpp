@@ -45,8 +45,8 @@ struct Expressions {
     /// A column between label and number arrives as a tab.
     RegularExpression document{
         uR"(^\s*(?:passport|pas|driv\w+ licen[cs]e|kørekort|id|identity|national insurance|ni|social security|ssn)"
-        uR"(|tax|health|patient|sundhedskort|personnummer|tin)(?:[- ]?(?:card|no|nr|number|nummer|id))*\.?\s*:?\t\s*)"
-        uR"(([\p{L}\d][\p{L}\d \-/]{4,18}\d[\p{L}\d \-/]{0,6})\s*$)"};
+        uR"(|tax|health|patient|sundhedskort|personnummer|tin)(?:[- ]?(?:card|kort|no|nr|number|nummer|id))*\.?\s*:?\t\s*)"
+        uR"(([\p{L}\d][\p{L}\d \-/]{4,18}\d(?:[\p{L}\d \-/]{0,5}[\p{L}\d])?)\s*(?:\([^()]*\)\s*)?$)"};
     RegularExpression bank{
         uR"((?<![\p{L}])(?:reg(?:istrerings)?[.\s-]{0,2}(?:nr|nummer|no)|reg(?!\W{0,4}(?:19|20)\d\d)|sort\s?code)[.:\s]{0,3}(\d{4}|\d\d[- ]\d\d[- ]\d\d)(?![\d.,/]))"};
     /// Of a bank too, in front of the account or of the end of the line.

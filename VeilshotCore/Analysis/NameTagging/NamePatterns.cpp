@@ -113,6 +113,14 @@ std::optional<size_t> endOfFormedName(const NameLine& line, size_t at) {
             line.closesCell(last))
             return last;
     }
+    // "NAIDOO K" and nothing else.
+    if (word.letterCase == LetterCase::upper && next.isInitial() && next.touches() && word.is(anyLastName) &&
+        !word.is(anyMeaning) && word.range.length > 3 && line.isFilledBy({at, at + 1}))
+        return at + 1;
+    // "the officer, T. Blackdeer".
+    if (isDottedInitial(line, at) && line.word(at + 1).touches() && isNameLike(line.word(at + 1)) &&
+        !(line.word(at + 2).touches() && line.word(at + 2).isCapitalized()))
+        return at + 1;
     // "DELAHUNTY/CAOIMHE MS".
     const bool areCapitals = word.letterCase == LetterCase::upper && next.letterCase == LetterCase::upper;
     const NameWord& behind = line.word(std::min(at + 2, line.size()));
@@ -151,6 +159,14 @@ bool isStrangePair(const NameLine& line, size_t at) {
            next.range.length > 3 && (isSpeltLikeName || isLastName);
 }
 
+/// "Zbigniew topatka" and nothing else: a surname whose first letter was misread.
+bool isMisreadPair(const NameLine& line, size_t at) {
+    constexpr qsizetype shortest = 4;
+    const NameWord& next = line.word(at + 1);
+    return line.isFilledBy({at, at + 1}) && isNameLike(line.word(at)) && line.word(at).is(anyFirstName) &&
+           next.touches() && next.isLower() && !next.traits && next.range.length >= shortest;
+}
+
 /// "Ottavia" and nothing else: a first name, since many last names are towns, no other word and spelt like a
 /// name.
 bool isLoneName(const NameLine& line, size_t at) {
@@ -166,10 +182,11 @@ bool isIntroduced(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 16> relatives{
         "tante", "onkel", "moster", "faster",  "mormor",  "morfar", "farmor", "farfar",
         "uncle", "aunt",  "auntie", "grandma", "grandpa", "nana",   "cousin", "fatter"};
-    constexpr std::array<std::string_view, 22> deeds{
-        "served",    "written",  "posted",   "created", "reviewed", "approved", "edited",  "uploaded",
-        "requested", "opened",   "closed",   "merged",  "shared",   "booked",   "ordered", "signed",
-        "submitted", "reported", "resolved", "skrevet", "oprettet", "godkendt"};
+    constexpr std::array<std::string_view, 32> deeds{
+        "served",    "written",  "posted",   "created", "reviewed",     "approved", "edited",  "uploaded",
+        "requested", "opened",   "closed",   "merged",  "shared",       "booked",   "ordered", "signed",
+        "submitted", "reported", "resolved", "skrevet", "oprettet",     "godkendt", "voice",   "music",
+        "photo",     "photos",   "design",   "drawing", "illustration", "text",     "story",   "translation"};
     if (at == 0 || !line.word(at).touches() || !isNameLike(line.word(at)))
         return false;
     const NameWord& left = line.word(at - 1);
@@ -180,10 +197,15 @@ bool isIntroduced(const NameLine& line, size_t at) {
            !(line.word(at + 1).touches() && line.word(at + 1).isCapitalized());
 }
 
-/// "Sekretær: Hrefna - Version 6".
+/// "Sekretær: Hrefna - Version 6", "the buyer's brother, Zbigniew, against".
 bool isNamedByRole(const NameLine& line, size_t at) {
-    return at > 0 && line.word(at).before == WordSeparator::colon && line.word(at - 1).is(WordTrait::role) &&
-           isNameLike(line.word(at)) && line.closesCell(at);
+    if (at == 0 || !line.word(at - 1).is(WordTrait::role))
+        return false;
+    const NameWord& word = line.word(at);
+    const bool isAside = word.before == WordSeparator::comma &&
+                         line.word(at + 1).before == WordSeparator::comma && word.is(anyFirstName) &&
+                         line.word(at - 1).isLower();
+    return (word.before == WordSeparator::colon || isAside) && isNameLike(word) && line.closesCell(at);
 }
 
 /// "position 60: Gwil on 07700 900 461".
@@ -210,12 +232,12 @@ bool areActing(const NameLine& line, size_t at) {
            (verb.is(WordTrait::personVerb) || verb.isOneOf(deeds));
 }
 
-/// "Kahurangi, Moana" and nothing else.
+/// "Kahurangi, Moana" or "Penn, William T." and nothing else.
 bool isLastNameFirst(const NameLine& line, size_t at) {
     const NameWord& next = line.word(at + 1);
-    return next.before == WordSeparator::comma && line.isFilledBy({at, at + 1}) &&
-           isNameLike(line.word(at)) && isNameLike(next) && next.is(anyFirstName) &&
-           !line.word(at).is(anyFirstName);
+    const size_t last = isDottedInitial(line, at + 2) ? at + 2 : at + 1;
+    return next.before == WordSeparator::comma && line.isFilledBy({at, last}) && isNameLike(line.word(at)) &&
+           isNameLike(next) && next.is(anyFirstName) && !line.word(at).is(anyFirstName);
 }
 
 TextRange rangeOf(const NameLine& line, size_t first, size_t last) {
@@ -233,8 +255,8 @@ std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView te
         if (const std::optional<size_t> last = endOfFormedName(line, at)) {
             names.push_back(rangeOf(line, at, *last));
             at = *last;
-        } else if (isByline(line, at) || isStrangePair(line, at) || areActing(line, at) ||
-                   isLastNameFirst(line, at)) {
+        } else if (isByline(line, at) || isStrangePair(line, at) || isMisreadPair(line, at) ||
+                   areActing(line, at) || isLastNameFirst(line, at)) {
             names.push_back(rangeOf(line, at, at + 1));
             ++at;
         } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isIntroduced(line, at) ||

@@ -94,6 +94,11 @@ Company companyOf(const std::vector<Cell>& cells, const QString& label) {
         return Company::names;
     if (hasValues && isLabelOfPerson(label) && (names > 0 || isStranger))
         return Company::people;
+    // "Villads", "Adaeze", "Storm", "Liv": every one may be a name, and at least one is.
+    const bool areAllKnown = std::all_of(
+        begin, cells.end(), [](const Cell& cell) { return cell.mayBeName() && cell.hasKnownName; });
+    if (names >= 1 && values >= 3 && areAllKnown)
+        return Company::people;
     return names >= 2 && 5 * names >= 3 * values ? Company::people : Company::mixed;
 }
 

@@ -107,8 +107,12 @@ std::vector<std::string> mailboxParts(QStringView text) {
     return parts;
 }
 
-/// Whether the part is the word, but for an initial, or the word with another one of the line.
+/// Whether the part is the word or its beginning, but for an initial, or the word with another one of the
+/// line.
 bool isMadeOf(std::string_view part, std::string_view word, const std::vector<std::string>& words) {
+    constexpr size_t shortestBeginning = 4;
+    if (part.size() >= shortestBeginning && word.starts_with(part))
+        return true;
     const size_t found = part.find(word);
     if (found == std::string_view::npos)
         return false;
@@ -144,6 +148,12 @@ void appendNamesOfMailboxes(std::vector<TextRange>& names, const NameLine& line,
         return;
     for (const size_t at : known)
         names.push_back(line.word(at).range);
+    // "Dragsted,Pelle,pelle@…": the field in front of the first name.
+    const size_t first = known.front();
+    if (known.size() == 1 && first > 0 && line.word(first).before != WordSeparator::blank &&
+        line.isFollowedBy(first - 1, u",") && line.word(first - 1).isShapedLikeName() &&
+        !line.word(first - 1).is(anyMeaning))
+        names.push_back(line.word(first - 1).range);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "VeilshotCore/Analysis/AnalysisPool.h"
 #include "VeilshotCore/Analysis/PeopleSearch/AvatarSearch.h"
 #include "VeilshotCore/Analysis/PeopleSearch/BodyEstimate.h"
+#include "VeilshotCore/Analysis/PeopleSearch/FaceAreas.h"
 #include "VeilshotCore/Analysis/PeopleSearch/FaceConfidence.h"
 #include "VeilshotCore/Analysis/PeopleSearch/FaceDetection.h"
 #include "VeilshotCore/Analysis/PeopleSearch/FaceSearchPlan.h"
@@ -25,8 +26,9 @@ constexpr double convincingScore = 0.25;
 constexpr double mostGreyWindow = 0.45;
 constexpr double leastConfidence = 0.1;
 constexpr double avatarConfidence = 0.35;
-/// An avatar needs no box of its own when this part of a face lies inside it.
+/// An avatar needs no box of its own when this part of a face this likely lies inside it.
 constexpr double faceInsideAvatar = 0.5;
+constexpr double faceConfidenceInAvatar = 0.3;
 /// Around a photograph, so that an avatar's flat ground is seen.
 constexpr int groundAroundAvatar = 16;
 /// As many rows of a drawn surface below a face are the end of its photograph.
@@ -49,11 +51,13 @@ double area(const QRectF& rect) {
     return rect.width() * rect.height();
 }
 
-std::vector<SearchJob> plannedJobs(const std::vector<QRect>& photos) {
+std::vector<SearchJob> plannedJobs(const QImage& image, const std::vector<QRect>& photos) {
     std::vector<SearchJob> jobs;
-    for (const QRect& photo : photos) {
-        for (const FaceSearchStep& step : planFaceSearch(photo))
+    for (const QRect& faceArea : faceAreas(image, photos)) {
+        for (const FaceSearchStep& step : planFaceSearch(faceArea))
             jobs.push_back({step, {}, {}, {}});
+    }
+    for (const QRect& photo : photos) {
         jobs.push_back(
             {std::nullopt,
              photo.adjusted(-groundAroundAvatar, -groundAroundAvatar, groundAroundAvatar, groundAroundAvatar),
@@ -83,7 +87,7 @@ std::vector<FaceCandidate> candidatesIn(const QImage& image, const FaceSearchSte
 bool holdsFace(const QRect& avatar, const std::vector<Face>& faces) {
     return std::ranges::any_of(faces, [&](const Face& face) {
         const QRectF& box = face.candidate.box;
-        return face.confidence >= avatarConfidence &&
+        return face.confidence >= faceConfidenceInAvatar &&
                area(box & QRectF(avatar)) > faceInsideAvatar * area(box);
     });
 }
@@ -160,7 +164,7 @@ AnalysisOutcome<PeopleObservations> HogPeopleAnalyzer::search(const QImage& imag
         return *error;
     m_verifiers.giveBack(std::get<std::unique_ptr<FaceVerifier>>(std::move(firstVerifier)));
 
-    std::vector<SearchJob> jobs = plannedJobs(photos);
+    std::vector<SearchJob> jobs = plannedJobs(image, photos);
     QtConcurrent::blockingMap(&analysisPool(), jobs, [&](SearchJob& job) {
         if (isCancelled())
             return;

@@ -18,8 +18,10 @@ bool areAdjacent(const cv::Rect& left, const cv::Rect& right, const Adjacency& a
         return false;
     const int gap = right.x - left.br().x;
     // A heading beside small print is not one line with it; a dash beside a capital is, and so is an accent
-    // above.
-    if (gap > 0 && taller > 3.2 * shorter && taller > 30 && shorter > 4)
+    // above. Neither is beside a picture code, however near the dashes of a dotted rule come to it.
+    constexpr int tallestBesideDash = 40;
+    const bool areUnlike = taller > 3.2 * shorter && taller > 30;
+    if (areUnlike && (taller > tallestBesideDash || (gap > 0 && shorter > 4)))
         return false;
     return gap <= adjacency.gap * std::min(taller, 60);
 }

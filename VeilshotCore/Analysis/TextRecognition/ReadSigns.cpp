@@ -62,7 +62,7 @@ void settleDates(QString& text) {
 /// "Håkon @degård": names with Ø, which handles hardly begin like.
 void settleLetters(QString& text) {
     static const RegularExpression expression(
-        uR"((?<=\p{Lu}\p{Ll}{1,20} )(@)(?=(?:deg[aå]rd|sterg[aå]rd|sterby|stby|sterlund|rsted|rum|rskov|vrebø|vlisen|llg[aå]+rd|zt[uü]rk|zdemir|zkan)(?![\p{L}\d_@-]|\.\w)))",
+        uR"((?<=\p{Lu}\p{Ll}{1,20} )(@)(?=(?:deg[aå]{1,2}rd|sterg[aå]{1,2}rd|stg[aå]{1,2}rd|sterby|stby|sterlund|rsted|rum|rskov|vrebø|vlisen|llg[aå]+rd|zt[uü]rk|zdemir|zkan)(?![\p{L}\d_@-]|\.\w)))",
         sensitive);
     for (const TextRange sign : expression.ranges(text))
         text[sign.location] = u'Ø';

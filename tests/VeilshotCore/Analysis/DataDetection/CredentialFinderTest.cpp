@@ -10,10 +10,13 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
          "jwt [eyJhbGciOiJIUzI1NiJ9.eyJzdWIi0.kQ3vXv0mTn2s] refused", "Password\t[Kestrel_2338]",
          "Midlertidig adgangskode\t[Plover-Gate-90]",
          "\"password\": \"[Tr0ub4dor]\", \"pin_code\": \"[x7Lq93]\"",
-         "Your password is [Heron!Lake_4471], change it", "Password\t[Marble 0290]", "[Tf9#vLq2-Wren-0Zs81k]",
-         "backup codes: [8f3k-29dm, 9k2l-3xpq] and", "login is exportfix with [Marigold!7726] until",
-         "Or [4F7K-9QTX-2MBD]", "support PIN\t[60418]", "login [9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp] is",
-         "Bearer [c9595411f28b2939@c8a466acbeaf47a] ok", "// [gph_N85inApJBAbCi2Eqnpcv6KXLZ£bTIPVy2Xve]",
+         "Your password is [Heron!Lake_4471], change it", "Auth-kode: [qK7-vVe2-9Lm#Tz]",
+         "elm_sid=[s%3AONQCLH2nhFOit2hziwnteJm1]; Path=/", "Password\t[Marble 0290]"});
+    expectFound<CredentialFinder>(
+        {"[Tf9#vLq2-Wren-0Zs81k]", "backup codes: [8f3k-29dm, 9k2l-3xpq] and",
+         "login is exportfix with [Marigold!7726] until", "Or [4F7K-9QTX-2MBD]", "support PIN\t[60418]",
+         "login [9shxf25a-gd0xzse0ele3- sn3heun1f5h8fxfp] is", "Bearer [c9595411f28b2939@c8a466acbeaf47a] ok",
+         "// [gph_N85inApJBAbCi2Eqnpcv6KXLZ£bTIPVy2Xve]",
          "jwt [eyJ_hbGci0iJI9,eyJzdWl iy@iLYyzSvQ . 1 lmHcRVCbAG1n] refused",
          "Enter [bqn80mzl98003248] until midnight"});
 }

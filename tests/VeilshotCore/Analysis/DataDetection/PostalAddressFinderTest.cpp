@@ -25,7 +25,7 @@ TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
          "Apt. 14, 2nd Floor, 77 Elm Street", "RR 3, Guelph ON N1H 6H9", "12/4 Smith St, Richmond VIC 3121",
          "5 Wharf Rd, Ponsonby, Auckland 1011"});
     expectFoundWhole<PostalAddressFinder>(
-        {"15 Rue de Rivoli, 75001 Paris", "Hauptstraße 12, 10115 Berlin", "Storgatan 4, 111 51 Stockholm",
+        {"15 Rue de Rivoli, 75001 Paris", "HauptstraBe 12, 10115 Berlin", "Storgatan 4, 111 51 Stockholm",
          "Via dei Serragli 31", "Am Markt 4, 99423 Weimar", "Piłsudskiego 12/4, 90-051 Łódź",
          "ul. Hoża 51 m. 8", "00-681 Warszawa", "3531 CJ Utrecht", "Taito-ku 110-0001",
          "Rua das Flores 214, 3.º Esq.", "Rua das Flores 214, 3.” Esq.",

@@ -40,6 +40,7 @@ TEST(NamesInCells, AreToldByTheLabelOrTheCompanyOfACell) {
         {{u"Full name"_s, u"Description"_s, u"Office"_s}, {}},
         {{u"Wednesday"_s, u"Ove Juul"_s, u"Ida"_s, u"Hjalte"_s, u"Bo Lund"_s, u"Monday"_s},
          {u"Ove Juul"_s, u"Ida"_s, u"Hjalte"_s, u"Bo Lund"_s}},
+        {{u"Table 5"_s, u"Ida"_s, u"Storm"_s, u"Hjalte"_s}, {u"Ida"_s, u"Storm"_s, u"Hjalte"_s}},
         {{u"Where"_s, u"Ida"_s, u"Skanderborg"_s, u"Odder"_s, u"Hjalte"_s}, {u"Ida"_s}},
     };
     for (const Row& row : rows) {

@@ -59,9 +59,10 @@ TEST(NamesInALine, AreFoundInSectionsAndByTheirForm) {
                  u"[Fasheun, B.] and [Obuzor, K.] (2020). Snow."_s,
                  u"09:10 [P. Fasheun]: på stuegang i dag"_s, u"Your pass will read [FASHEUN/OBINZE] MS"_s,
                  u"[Kirstine] & [Palle Storgaard]"_s, u"Attendees: [Obinze Fasheun], [Zsofka]"_s,
-                 u"[Anna Storgaard], Zsofka"_s, u"By [Prudence Fasheun], 6 min read"_s});
-    expectNames({u"From: [Tjorven Uhlenbrock]"_s, u"[Okonjo-Bello], [Lindqvist], [Haddad]"_s,
-                 u"Settings, Account, [Anna]"_s, u"Sekretær: [Hrefna] - Version 6.2.0"_s,
+                 u"[Anna Storgaard], Zsofka"_s, u"By [Prudence Fasheun], 6 min read"_s,
+                 u"From: [Tjorven Uhlenbrock]"_s});
+    expectNames({u"[Okonjo-Bello], [Lindqvist], [Haddad]"_s, u"Settings, Account, [Anna]"_s,
+                 u"Sekretær: [Hrefna] - Version 6.2.0"_s, u"sælgers svoger, [Ketil], mod kvittering"_s,
                  u"for position 60: [Gwil] on 07700 900 461"_s, u"Bus on 07700 900 461"_s,
                  u"[Gebremedhin Tesfaye] set priority to Major"_s, u"Then [Will], who lives here, called"_s,
                  u"[Obinze], please clean both"_s, u"However, you can skip it"_s, u"Welcome back, [Obinze]"_s,
@@ -94,6 +95,9 @@ TEST(NamesInALine, AreFoundWhereTheyAreUnmistakable) {
         {u"Mr [Church] about the yard"_s, u"Dr. [June Castle]"_s, u"the MS Word file and the HR Manager"_s,
          u"an estate of one [Zoltan Crumb] in Hancock, NY"_s, u"he climbed up with [Pugh] on Sunday"_s,
          u"Cc [Bill Church], [Miroslava Hruba], info@hall.example"_s,
+         u"10 [Dragsted],[Pelle],pelle@dragstedbyg.example"_s,
+         u"elef.papadim@naru.example for [Eleftheria Papadimitriou]"_s,
+         u"on Thursday. [C. Batliwala] replaced the cable"_s, u"[Zbigniew topatka]"_s,
          u"9 [Park],[Ha-eun],haeun.park@naru.example"_s, u"Support,Team,support.team@naru.example"_s,
          u"Fee,fees@naru.example"_s});
 }

@@ -127,6 +127,16 @@ TEST(HogPeopleAnalyzerTest, SeesNobodyInText) {
         const QImage words = throughJpeg(pageOfShortWords(), quality);
         EXPECT_THAT(facesInUse(observed(words), words.size()), IsEmpty()) << quality;
     }
+    // A face's outlines without its shades.
+    QImage stencil = portrait().convertToFormat(QImage::Format_RGB32);
+    for (int i = 0; i < stencil.width() * stencil.height(); ++i) {
+        auto* pixel = reinterpret_cast<QRgb*>(stencil.bits()) + i;
+        *pixel = qGray(*pixel) < 140 ? qRgb(28, 28, 28) : qRgb(228, 228, 228);
+    }
+    QImage page = filled({144, 144}, QColor(228, 228, 228));
+    QPainter(&page).drawImage(40, 40,
+                              stencil.scaled(64, 64, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    EXPECT_THAT(facesInUse(observed(throughJpeg(page)), page.size()), IsEmpty());
 }
 
 struct AvatarPage {

@@ -1,5 +1,7 @@
 #include "VeilshotCore/Analysis/PeopleSearch/PhotoRegions.h"
 
+#include "VeilshotCore/Analysis/PeopleSearch/FaceAreas.h"
+
 #include <QPainter>
 #include <gmock/gmock.h>
 #include <random>
@@ -67,6 +69,23 @@ TEST(PhotoRegionsTest, KeepAPictureInAWindowApartFromTheWallpaperAround) {
     EXPECT_THAT(photoRegions(page), Contains(Truly([&](const QRect& region) {
                     return region.contains(avatar) && region.width() < 100;
                 })));
+}
+
+TEST(FaceAreasTest, LeaveOutTextThatPassesForAPhotographButKeepPhotographsWhole) {
+    QImage page = plainPage();
+    QPainter painter(&page);
+    for (int x = 100; x < 700; x += 6) {
+        painter.fillRect(x, 100, 2, 300, QColor(20, 20, 20));
+        painter.fillRect(x + 2, 100, 4, 300, QColor(240, 240, 240));
+    }
+    painter.end();
+    const QRect place(303, 211, 22, 22);
+    drawPhoto(page, place);
+    const std::vector<QRect> areas = faceAreas(page, {page.rect()});
+    ASSERT_THAT(areas, SizeIs(1));
+    EXPECT_TRUE(areas[0].contains(place));
+    EXPECT_TRUE(place.adjusted(-26, -26, 26, 26).contains(areas[0]));
+    EXPECT_THAT(faceAreas(page, {place}), ElementsAre(place));
 }
 
 } // namespace Veilshot

@@ -126,6 +126,19 @@ TEST(TextSegments, StandOnACardThatCoversTheCornerOfACell) {
     EXPECT_EQ(boxesIn(image), std::vector{word});
 }
 
+TEST(TextSegments, AreNotTiedToAPictureCodeByADottedRule) {
+    QImage image = page({600, 300}, Qt::white);
+    for (int y = 40; y < 160; y += 8) {
+        for (int x = 400 + y % 16; x < 520; x += 16)
+            fill(image, {x, y, 8, 8}, Qt::black);
+    }
+    for (int x = 40; x < 392; x += 7)
+        fill(image, {x, 100, 4, 1}, Qt::black);
+    const QRect upper = drawWord(image, {300, 70}, Qt::black, Qt::white);
+    const QRect lower = drawWord(image, {300, 120}, Qt::black, Qt::white);
+    EXPECT_THAT(boxesIn(image), testing::IsSupersetOf({upper, lower}));
+}
+
 TEST(TextSegments, GoOnBehindACommaOfFixedWidth) {
     QImage image = page({600, 100}, Qt::white);
     const QRect first = drawWord(image, {60, 40}, Qt::black, Qt::white);
