@@ -64,7 +64,7 @@ struct Expressions {
     /// A passport or a licence, or what is as long as one, but neither a ticket nor an order.
     RegularExpression lettered{
         uR"((?<![\w-])(?!(?:INC|PO|SR|CHG|INV|REQ|SO|RMA|TKT|RITM|TASK|PRB|ORD|REF|WO|CR|BUG|FA)\d))"
-        uR"(([A-Z]{1,3}\d{7,9}|\d{2}[A-Z]{2}\d{5}|[A-Z]{1,2}(?!20\d\d-)(?=(?:-?\d){8})\d{2,5}(?:-\d{2,6}){1,4})(?![\w-]))",
+        uR"(([A-Z]{1,3}\d{7,9}[A-Z]?|\d{2}[A-Z]{2}\d{5}|[A-Z]{1,2}(?!20\d\d-)(?=(?:-?\d){8})\d{2,5}(?:-\d{2,6}){1,4})(?![\w-]))",
         RegularExpression::CaseSensitivity::sensitive};
     /// Where nothing else stands: no day is that late in the month.
     RegularExpression sortCode{uR"((?<=^|\t)\s{0,3}(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};

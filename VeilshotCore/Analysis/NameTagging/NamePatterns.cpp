@@ -66,6 +66,13 @@ bool isAddressedOrExplained(const NameLine& line, size_t at) {
     return (at == 0 && next.isOneOf(addressing)) || next.isOneOf(explaining);
 }
 
+/// "Owain: bring a chair", as messages are shown in a list.
+bool isSpeaking(const NameLine& line, size_t at) {
+    const NameWord& word = line.word(at);
+    return at == 0 && line.word(1).before == WordSeparator::colon && word.is(anyFirstName) &&
+           isNameLike(word);
+}
+
 /// "Welcome back, Caoimhe".
 bool isGreetedAtTheEnd(const NameLine& line, size_t at) {
     constexpr size_t reach = 4;
@@ -259,9 +266,9 @@ std::vector<TextRange> namesByPattern(const NameLexicon& lexicon, QStringView te
                    areActing(line, at) || isLastNameFirst(line, at)) {
             names.push_back(rangeOf(line, at, at + 1));
             ++at;
-        } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isIntroduced(line, at) ||
-                   isGreetedAtTheEnd(line, at) || isLoneName(line, at) || isNamedByRole(line, at) ||
-                   isReachedByNumber(line, at)) {
+        } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isSpeaking(line, at) ||
+                   isIntroduced(line, at) || isGreetedAtTheEnd(line, at) || isLoneName(line, at) ||
+                   isNamedByRole(line, at) || isReachedByNumber(line, at)) {
             names.push_back(rangeOf(line, at, at));
         }
     }

@@ -75,8 +75,14 @@ bool goesOnInText(const QString& upper, const QString& lower) {
         {RegularExpression(uR"((?<!\d )\b\d{2} \d{2}$)"), RegularExpression(uR"(^\d{2} \d{2}(?! ?\d))")},
         {RegularExpression(uR"((?<!\d )\b\d{2} \d{2} \d{2}$)"), RegularExpression(uR"(^\d{2}(?! ?\d))")},
     };
+    static const RegularExpression begunPlace(uR"(\d.*, \d{4,5}$)");
+    static const RegularExpression town(uR"(^\p{Lu}\p{Ll}{2})", sensitive);
+    static const RegularExpression begunState(uR"(\d.*\p{L}, [A-Z]{2}$)", sensitive);
+    static const RegularExpression postcode(uR"(^\d{5}(?![\d,.]?\d))");
     static const RegularExpression word(uR"(\p{L}{2})");
     return (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
+           (begunPlace.hasMatch(upper) && town.hasMatch(lower)) ||
+           (begunState.hasMatch(upper) && postcode.hasMatch(lower)) ||
            (word.hasMatch(upper) && std::ranges::any_of(pairsOfDigits, [&](const auto& pairs) {
                 return pairs.first.hasMatch(upper) && pairs.second.hasMatch(lower);
             }));

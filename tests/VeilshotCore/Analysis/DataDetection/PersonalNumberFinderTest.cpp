@@ -11,12 +11,12 @@ TEST(PersonalNumberFinder, FindsDatesOfBirthAndNumbersBehindTheirLabels) {
          "[17 September 1977]", "Eva [14.02.1988] ring først", "Astrid, [3 May 2013] (12 years)",
          "Passport no.\t[D89167093]", "Passport\t[LM482917] (expires 03/2031)", "Insurance [AB 12 34 56 C]",
          "reg.nr. [9153] konto 4044204237", "Sort code [20-00-00]"});
-    expectFound<PersonalNumberFinder>({"Reg.\t[5364]", "Konto [7701] | 0002418836, betal til konto [7702]",
-                                       "[120571-_8832] and [091061–7212]",
-                                       "f. [12. maj 1971] / Age 54 ([May 12, 1971])",
-                                       "[PX4081726], [20CE11957]", "[K482-117-904-226], SO4821-17904",
-                                       "[4539 1488 0343 6460]", "[GBl4 QXTB 2020 1555 5501 94]", "[20-45-13]",
-                                       "Born\t[17 . 02 . 2015]", "[17.02.2015]", "[08 / 06 / 1979]"});
+    expectFound<PersonalNumberFinder>(
+        {"Reg.\t[5364]", "Konto [7701] | 0002418836, betal til konto [7702]",
+         "[120571-_8832] and [091061–7212]", "f. [12. maj 1971] / Age 54 ([May 12, 1971])",
+         "[PX4081726], [20CE11957], [MI7734108K]", "[K482-117-904-226], SO4821-17904",
+         "[4539 1488 0343 6460]", "[GBl4 QXTB 2020 1555 5501 94]", "[20-45-13]", "Born\t[17 . 02 . 2015]",
+         "[17.02.2015]", "[08 / 06 / 1979]"});
     expectNothingFound<PersonalNumberFinder>(
         {"QV 12 34 56 C or GB29", "Konto 7701 Telefon", "20-12-25", "1472 1385 7929", "12 March 2025",
          "On 6 February 1973 they met", "Paid 14.02.2025, 1.2.1999.4", "1 / 2 / 3 / 1979, 5 - 3.1990",

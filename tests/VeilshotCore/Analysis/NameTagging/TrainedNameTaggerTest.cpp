@@ -64,9 +64,10 @@ TEST(NamesInALine, AreFoundInSectionsAndByTheirForm) {
     expectNames({u"[Okonjo-Bello], [Lindqvist], [Haddad]"_s, u"Settings, Account, [Anna]"_s,
                  u"Sekretær: [Hrefna] - Version 6.2.0"_s, u"sælgers svoger, [Ketil], mod kvittering"_s,
                  u"for position 60: [Gwil] on 07700 900 461"_s, u"Bus on 07700 900 461"_s,
-                 u"[Gebremedhin Tesfaye] set priority to Major"_s, u"Then [Will], who lives here, called"_s,
-                 u"[Obinze], please clean both"_s, u"However, you can skip it"_s, u"Welcome back, [Obinze]"_s,
-                 u"[Marks] kontor er lukket"_s, u"This office is closed"_s, u"Served by [Obinze]"_s,
+                 u"[Ketil]: bring a chair"_s, u"[Gebremedhin Tesfaye] set priority to Major"_s,
+                 u"Then [Will], who lives here, called"_s, u"[Obinze], please clean both"_s,
+                 u"However, you can skip it"_s, u"Welcome back, [Obinze]"_s, u"[Marks] kontor er lukket"_s,
+                 u"This office is closed"_s, u"Served by [Obinze]"_s,
                  u"Contact [Hyun-woo Baek] in Network"_s});
 }
 
