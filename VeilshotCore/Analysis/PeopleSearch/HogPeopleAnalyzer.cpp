@@ -221,6 +221,10 @@ double HogPeopleAnalyzer::confidence(const QImage& image, const FaceCandidate& c
         return 0;
     FaceEvidence evidence{candidate.score, 0, 0, candidate.box.width()};
     if (candidate.score < convincingScore) {
+        // Letters on a button show both their tones around the box, a small face its picture.
+        const int around = box.width() / 2;
+        if (isTwoToned(image, box.adjusted(-around, -around, around, around) & image.rect()))
+            return 0;
         // The first verifier could be loaded, so the others can.
         auto verifier = std::get<std::unique_ptr<FaceVerifier>>(takeVerifier());
         const FaceSupport support = verifier->support(image, candidate.box);
