@@ -9,6 +9,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
 #include "VeilshotCore/Analysis/NameTagging/RepeatedNames.h"
 #include "VeilshotCore/Analysis/NameTagging/UnmistakableNames.h"
+#include "VeilshotCore/Analysis/RewrittenLine.h"
 #include "VeilshotCore/Analysis/RepeatedWordLine.h"
 
 #include <QFile>
@@ -142,23 +143,15 @@ std::vector<TextRange> TrainedNameTagger::personalNames(const QString& line) con
 }
 
 std::vector<TextRange> TrainedNameTagger::namesInWhole(const QString& line) const {
-    const std::vector<qsizetype> lost = lostBlanks(line);
-    if (lost.empty())
+    std::vector<RewrittenLine::Edit> edits;
+    for (const qsizetype blank : lostBlanks(line))
+        edits.push_back({{blank, 0}, u" "_s});
+    if (edits.empty())
         return namesAsWritten(line);
-    QString spaced = line;
-    for (auto at = lost.rbegin(); at != lost.rend(); ++at)
-        spaced.insert(*at, u' ');
-    std::vector<TextRange> names = namesAsWritten(spaced);
-    for (TextRange& name : names) {
-        const auto blanksBefore = [&](qsizetype place) {
-            qsizetype count = 0;
-            while (count < std::ssize(lost) && lost[static_cast<size_t>(count)] + count < place)
-                ++count;
-            return count;
-        };
-        const qsizetype start = name.location - blanksBefore(name.location);
-        name = {start, name.end() - blanksBefore(name.end()) - start};
-    }
+    const RewrittenLine spaced(line, std::move(edits));
+    std::vector<TextRange> names = namesAsWritten(spaced.text());
+    for (TextRange& name : names)
+        name = spaced.original(name);
     return merged(std::move(names));
 }
 
