@@ -9,8 +9,8 @@
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
 #include "VeilshotCore/Analysis/NameTagging/RepeatedNames.h"
 #include "VeilshotCore/Analysis/NameTagging/UnmistakableNames.h"
-#include "VeilshotCore/Analysis/RewrittenLine.h"
 #include "VeilshotCore/Analysis/RepeatedWordLine.h"
+#include "VeilshotCore/Analysis/RewrittenLine.h"
 
 #include <QFile>
 #include <algorithm>
