@@ -5,6 +5,7 @@
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
 #include "VeilshotCore/Analysis/DataDetection/LargeCities.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressGrammar.h"
+#include "VeilshotCore/Analysis/TellingLabel.h"
 
 #include <QString>
 #include <algorithm>
@@ -184,9 +185,50 @@ std::vector<TextRange> merged(std::vector<TextRange> addresses) {
     return apart;
 }
 
-} // namespace
+/// Whether the value is what its label says, though nothing else tells it from other words and numbers.
+bool isPartOfAddress(LabelTopic topic, QStringView label, QStringView value) {
+    static const RegularExpression remark(
+        uR"(^(?:add(?:ed)?|edit|changed?|same|use|select|choose|enter|none|no|not|any|all|other|unknown|optional|required)"
+        uR"(|country|land|phone|telefon|e-?mail|name|navn|status|orders|dat[eo]|years|type|search|find|see|verified|updated?|last|confirmed|missing|invalid|tilføj|rediger|vælg|samme|ingen|alle|ukendt)\b)");
+    static const RegularExpression line(
+        uR"(^(?=.*\d)(?=.*\p{L}{2})[\p{Lu}\d#][^@:;?!|]{3,70}$|^\p{Lu}[\p{L}.’'-]*(?: [\p{L}.’'-]+){0,4}, \p{Lu}[\p{L}.’'-]*(?: \p{Lu}[\p{L}.’'-]*){0,3}$)",
+        RegularExpression::CaseSensitivity::sensitive);
+    static const RegularExpression town(
+        uR"(^\p{Lu}[\p{L}.’'-]+(?: [\p{L}.’'-]+){0,3}(?:,? [A-Z]{2})?(?: \d{4,6})?$)",
+        RegularExpression::CaseSensitivity::sensitive);
+    static const RegularExpression postcode(
+        uR"(^(?=.{0,14}\d)(?!.*\d[.,]\d|\d+ ?(?:[KMG]B|kg|km|cm|mm|m|pcs|stk|kr)\b)[\p{L}\d#][\p{L}\d .#-]{0,13}$)");
+    // In capitals as the label is: the next header.
+    const auto isInCapitals = [](QStringView text) { return text.toString().toUpper() == text; };
+    if (remark.hasMatch(value) ||
+        (topic != LabelTopic::postcode && isInCapitals(label) && isInCapitals(value)))
+        return false;
+    switch (topic) {
+    case LabelTopic::address:
+        return line.hasMatch(value);
+    case LabelTopic::town: // "By" names an author too
+        return town.hasMatch(value) &&
+               (label.compare(u"by", Qt::CaseInsensitive) != 0 || isDanishTown(value));
+    case LabelTopic::postcode:
+        return postcode.hasMatch(value);
+    default:
+        return false;
+    }
+}
 
-std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
+std::vector<TextRange> allAddresses(QStringView line);
+
+std::vector<TextRange> addressesInField(QStringView line, const LabelledValue& field) {
+    const QStringView value = line.sliced(field.value.location, field.value.length);
+    if (isPartOfAddress(field.topic, line.first(line.indexOf(u'\t')).trimmed(), value))
+        return {field.value};
+    std::vector<TextRange> addresses = allAddresses(value);
+    for (TextRange& address : addresses)
+        address.location += field.value.location;
+    return addresses;
+}
+
+std::vector<TextRange> allAddresses(QStringView line) {
     if (!mayHoldAddress(line))
         return {};
     std::vector<TextRange> addresses = addressesIn(line);
@@ -205,6 +247,13 @@ std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
             addresses.push_back({field.location + address.location, address.length});
     }
     return merged(std::move(addresses));
+}
+
+} // namespace
+
+std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
+    const auto field = LabelledValue::of(line);
+    return field ? addressesInField(line, *field) : allAddresses(line);
 }
 
 } // namespace Veilshot

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -153,33 +155,60 @@ bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
 }
 
+/// The labels of a picture. That of a town counts only where other labels of addresses stand: a table may
+/// list towns of which nothing else is said.
+class Labels {
+public:
+    explicit Labels(const std::vector<SegmentReading>& readings) {
+        for (const SegmentReading& reading : readings) {
+            const auto topic = m_topics.emplace_back(topicOfLabel(reading.text));
+            m_hasAddresses = m_hasAddresses || topic == LabelTopic::address || topic == LabelTopic::postcode;
+        }
+    }
+
+    bool isOfDetail(std::size_t index) const {
+        return m_topics[index] && (m_topics[index] != LabelTopic::town || m_hasAddresses);
+    }
+    /// Whether the text may stand beside or below one: not the label of the next.
+    bool mayBeValue(const SegmentReading& reading, std::size_t index) const {
+        return !reading.text.isEmpty() && !reading.text.endsWith(u':') && !m_topics[index];
+    }
+
+private:
+    std::vector<std::optional<LabelTopic>> m_topics;
+    bool m_hasAddresses = false;
+};
+
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                           const std::vector<std::size_t>& column, QSize image) {
-    const SegmentReading& header = readings[column.front()];
-    if (!isLabelOfDetail(header.text))
+                           const Labels& labels, const std::vector<std::size_t>& column, QSize image) {
+    if (!labels.isOfDetail(column.front()))
         return;
-    for (std::size_t row = 1; row < column.size(); ++row) {
-        const SegmentReading& value = readings[column[row]];
-        if (!isBelow(header, value)) // or it is told already
+    const SegmentReading& header = readings[column.front()];
+    for (const std::size_t cell : std::span(column).subspan(1)) {
+        const SegmentReading& value = readings[cell];
+        if (!isBelow(header, value) && labels.mayBeValue(value, cell)) // or it is told already
             appendForEach(lines, {withoutColon(header), whole(value)}, u"\t", image);
     }
 }
 
 void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                    const SegmentReading& label, QSize image) {
+                    const Labels& labels, std::size_t labelIndex, QSize image) {
+    const SegmentReading& label = readings[labelIndex];
     const bool isPerson = isLabelOfPerson(label.text);
-    if (!isPerson && !isLabelOfDetail(label.text))
+    if (!isPerson && !labels.isOfDetail(labelIndex))
         return;
-    const auto append = [&](const SegmentReading& value) {
-        if (!isPerson || mayBeName(value.text))
+    const auto append = [&](std::size_t index) {
+        const SegmentReading& value = readings[index];
+        if (isPerson ? mayBeName(value.text) : labels.mayBeValue(value, index))
             appendForEach(lines, {withoutColon(label), whole(value)}, u"\t", image);
     };
-    const SegmentReading* beside = nullptr;
-    for (const SegmentReading& value : readings) {
+    std::optional<std::size_t> beside;
+    for (std::size_t index = 0; index < readings.size(); ++index) {
+        const SegmentReading& value = readings[index];
         if (isBelow(label, value))
-            append(value);
-        if (isBeside(label, value) && (!beside || value.box.left() < beside->box.left()))
-            beside = &value;
+            append(index);
+        if (isBeside(label, value) && (!beside || value.box.left() < readings[*beside].box.left()))
+            beside = index;
     }
     if (beside)
         append(*beside);
@@ -255,10 +284,11 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
 std::vector<RecognizedLine> combinedLines(const std::vector<SegmentReading>& readings, QSize image) {
     const std::vector<std::vector<std::size_t>> columns = columnsOf(readings);
     std::vector<RecognizedLine> lines;
-    for (const SegmentReading& label : readings)
-        appendLabelled(lines, readings, label, image);
+    const Labels labels(readings);
+    for (std::size_t label = 0; label < readings.size(); ++label)
+        appendLabelled(lines, readings, labels, label, image);
     for (const std::vector<std::size_t>& column : columns)
-        appendColumnOfDetails(lines, readings, column, image);
+        appendColumnOfDetails(lines, readings, labels, column, image);
     appendContinued(lines, readings, image);
     appendColumns(lines, readings, columns, image);
     return lines;

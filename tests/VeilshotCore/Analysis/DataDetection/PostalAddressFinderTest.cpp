@@ -51,6 +51,10 @@ TEST(PostalAddressFinder, FindsAddressesInsideALine) {
          "Li;a@b.dk;[77 Dogwood Ct;Durham;NC;27701];x",
          "Li,+44 1631 555 019,\"[Oak 6, 2.\",8000,\"El P, TX]\"", "1|a@b.dk|[3000|Rye|Oak Row 14]|x",
          "Liv,a@b.dk,[Skagavej 201],no post"});
+    expectFound<PostalAddressFinder>({"Apartment, suite, etc. (optional)\t[Unit 7C]", "ZIP code\t[55803]",
+                                      "Town / City\t[Duluth]", "street\t[Dizengoff 141]", "By\t[Svendborg]",
+                                      "Address\t[The Old Forge, Mill Lane]",
+                                      "Bopæl\t[Fyrrestien 8, 1. th.]"});
     expectNothingFound<PostalAddressFinder>(
         {"a@b.dk,Room 12,2024,Budget,Room 12,x,1200", "2025-03-14,Room 12,1200,Lunch,ok"});
 }
@@ -65,11 +69,27 @@ TEST(PostalAddressFinder, LeavesOtherNumberedThingsAlone) {
          "On Tuesday March 5, 2024 Boston", "2019–2024", "line 34 TextView", "getElementById2Place",
          "3 Great Reasons", "24 Hour Fitness Park", "2025 Annual Summit", "Flat 10, 20 Percent", "Unit 5",
          "Lovely Cottage", "Fantastic Nova Scotia Cottage"});
-    expectNothingFound<PostalAddressFinder>(
-        {"12500 Followers", "2012 Oslo", "12-05-24 Monday", "Chapter 3, 2020 Edition", "Column 7, 1200 Rows",
-         "Sunset 3, 2024 Budget", "5000 Madrid", "1200 Lund", "2 Shopping Mall", "3D Printing Village",
-         "Suite 12", "Music Hall, Live Drive", "Via Email 2", "TV-kanalen 2", "Blockade 2",
-         "Order 10293847"});
+    expectNothingFound<PostalAddressFinder>({"12500 Followers",
+                                             "2012 Oslo",
+                                             "12-05-24 Monday",
+                                             "Chapter 3, 2020 Edition",
+                                             "Column 7, 1200 Rows",
+                                             "Sunset 3, 2024 Budget",
+                                             "5000 Madrid",
+                                             "1200 Lund",
+                                             "2 Shopping Mall",
+                                             "3D Printing Village",
+                                             "Suite 12",
+                                             "Music Hall, Live Drive",
+                                             "Via Email 2",
+                                             "TV-kanalen 2",
+                                             "Blockade 2",
+                                             "Order 10293847",
+                                             "Address\tSame as shipping",
+                                             "ADDRESS\tPARENT 1",
+                                             "By\tBrandon Lee",
+                                             "Town\tYears there",
+                                             "zip\t2.4 MB"});
 }
 
 } // namespace
