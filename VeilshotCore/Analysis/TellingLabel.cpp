@@ -15,9 +15,9 @@ const QString birth = uR"((?:date of )?birth(?: ?da(?:y|te))?|born|d\.?o\.?b\.?|
 
 /// Papers and numbers of which the word alone says whose they are. Not a bare "ID", which everything has.
 const QString document =
-    uR"(passport|pas|reisepass|driv\w{1,6}['’]?s?[- ]licen[cs]e|licen[cs]e|kørekort|(?:national |personal )?id(?:entity)?[- ]?(?:card|kort))"
+    uR"(passport|pas|reisepass|(?:identity |travel )?document|driv\w{1,6}['’]?s?[- ]licen[cs]e|licen[cs]e|kørekort|(?:national |personal )?id(?:entity)?[- ]?(?:card|kort))"
     uR"(|(?:national|personal) (?:id(?:entity)?|insurance|registration)|residen(?:ce|t) (?:permit|card)|opholds(?:kort|tilladelse)|work permit)"
-    uR"(|green card|travel document|social (?:security|insurance)|health card|sundhedskort|sygesikring\w{0,6}|medicare|s\.?s\.?n|itin|nino)"
+    uR"(|green card|social (?:security|insurance)|health card|sundhedskort|sygesikring\w{0,6}|medicare|s\.?s\.?n|itin|nino)"
     uR"(|ppsn?|nhs|nric|hkid|aadhaar|cpf|curp|dni|nie|pesel|bsn|ahv|hetu|bvn|codice fiscale|personalausweis|steuer-?id|cpr)"
     uR"(|person(?:nummer|nr)|fødselsnummer|kennitala|henkilötunnus|mrn|kra pin|known travell?er|redress)"_s;
 /// What may have one.
@@ -25,7 +25,7 @@ const QString owner =
     uR"(id(?:entity|entification)?|national|citizen|document|dokument|tax(?:payer)?|tin|ni|sin|pan|skatte?|visa|permit|health|hospital|medical)"
     uR"(|medical record|insur(?:ance|ed)|forsikrings?|polic(?:y|e)|member(?:ship)?|medlems?|subscriber|beneficiary|patient|claimant|student)"
     uR"(|studie|studerende|elev|pupil|learner|candidate|applicant|employee|medarbejder|staff|personnel|driver|voter|donor|inmate)"
-    uR"(|matriculation|enrol?ment|frequent flyer|service|certificate|(?:licence|license|number) plate|chassis)"_s;
+    uR"(|matriculation|enrol?ment|club|loyalty|bonus|rewards?|frequent (?:flyer|guest)|clinical|examination|exam|service|certificate|(?:licence|license|number) plate|chassis)"_s;
 const QString numberWord =
     uR"((?:[- ]?(?:card|kort|certificate|nos?|nr|num(?:ber|mer)?s?|numre|ids?|#|№)(?!\p{L})\.?){1,3})"_s;
 
@@ -33,18 +33,20 @@ const QString branch = uR"(reg(?:istrerings)?[. -]{0,2}(?:nr|nummer|no)?\.?|sort
 
 const QString secret =
     uR"(pass(?:word|code|phrase|wd)?s?|pwd|secrets?|secret (?:key|answer|word)s?|(?:\w{2,10} )?tokens?|(?:pin|puk|otp|cvv2?|cvc2?)(?:[- ]?(?:codes?|koder?))?|psk)"
-    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre-?shared|network|security|wi-?fi|wlan|wpa[23]?|master)[ -](?:key|phrase)s?)"
+    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre-?shared|network|security|wi-?fi|wlan|wpa[23]?|master)[ -](?:key|phrase|voucher|code)s?)"
     uR"(|(?:security|access|door|gate|entry|alarm|lock ?box|key ?safe|verification|log-?in|sign-?in|one-time|backup|recovery|reset|authentication)"
-    uR"(|confirmation|unlock|2fa|mfa|safe)[ -](?:pin[ -])?(?:code|password|passcode)s?|(?:seed|recovery|backup|secret) (?:phrase|words))"
-    uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|dør|port|alarm|gendannelses|backup|nød|bekræftelses|låge|wifi-)(?:koder?|nøgler?))"
+    uR"(|confirmation|unlock|2fa|mfa|safe|key ?box)[ -](?:pin[ -])?(?:code|password|passcode)s?|(?:seed|recovery|backup|secret) (?:phrase|words))"
+    uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|d[øo]r|port|alarm|gendannelses|backup|nød|bekræftelses|låge|wifi-)(?:koder?|nøgler?))"
     uR"(|kontrolcifre|\p{L}{0,12}nøgler?)"_s;
 
 const QString address =
     uR"((?:(?:street|home|postal|mailing|delivery|shipping|billing|residential|permanent|current|visiting|residence) ?)?address(?:es)?(?:[ -]?line)?(?: ?[1-4])?)"
-    uR"(|street(?: ?(?:name|number|no|line))?(?: ?[1-4])?|house(?: ?(?:name|number|no))?|p\.?o\.? ?box|(?:(?:leverings|faktura|hjemme|privat|post|folkeregister|bopæls|fragt)?adresser?(?:linje)?)(?: ?[1-4])?|bopæl)"
+    uR"(|street(?: ?(?:name|number|no|line))?(?: ?[1-4])?|house(?: ?name)?|building|p\.?o\.? ?box|(?:(?:leverings|faktura|hjemme|privat|post|folkeregister|bopæls|fragt)?adresser?(?:linje)?)(?: ?[1-4])?|bopæl)"
     uR"(|(?:gade|vej)(?:navn)?|stra(?:ß|ss)e|rue|calle|via)"_s;
 const QString town =
     uR"((?:post ?|postal )?town|(?:home )?city|suburb|village|locality|by|bynavn|postby|postdistrikt|stadt?|ort|ville|ciudad)"_s;
+const QString state = uR"(state|province|region|delstat|bundesland)"_s;
+const QString houseNumber = uR"((?:house )?(?:n[or]|number|nummer|num|nº|n°)\.?)"_s;
 const QString postcode =
     uR"((?:post|postal|zip)[ -]?codes?|zip|eircode|plz|cep|post ?(?:nr|nummer|no)|apt|apartment|unit|suite|flat|etage|husn(?:umme)?r|lejlighed)"_s;
 
@@ -56,7 +58,8 @@ RegularExpression makeLabelOfDetail() {
     return RegularExpression(
         u"^(?:("_s + birth + u")|"_s + ofWhom + u"("_s + document + u"|(?:"_s + owner + u")['’]?s?(?="_s +
         numberWord + u"))"_s + numberWord + u"?|("_s + branch + u")|"_s + ofWhom + u"("_s + secret + u")|"_s +
-        ofWhat + u"(?:("_s + address + u")|("_s + town + u")|("_s + postcode +
+        ofWhat + u"(?:("_s + address + u")|("_s + town + u")|("_s + postcode + u")|("_s + state + u")|("_s +
+        houseNumber +
         uR"()))[.:* ]{0,3}(?:\(?(?:optional|required|valgfri\w?t?)\)?|\([^()]{1,20}\))?[*: ]{0,2}$)"_s);
 }
 

@@ -9,13 +9,15 @@ namespace Veilshot {
 
 /// What a label says of the value beside or below it.
 enum class LabelTopic {
-    birth,    ///< a date of birth
-    number,   ///< of somebody's document or membership
-    branch,   ///< the number of a branch of a bank
-    secret,   ///< a password, a code or a key
-    address,  ///< an address or the line of one that has the street
-    town,     ///< the town of one
-    postcode, ///< a part of one that may be nothing but a number: postcode, flat
+    birth,       ///< a date of birth
+    number,      ///< of somebody's document or membership
+    branch,      ///< the number of a branch of a bank
+    secret,      ///< a password, a code or a key
+    address,     ///< an address or the line of one that has the street
+    town,        ///< the town of one
+    postcode,    ///< a part of one that may be nothing but a number: postcode, flat
+    state,       ///< of a federation
+    houseNumber, ///< a bare "No.", which has many other meanings
 };
 
 /// What the text says if it is a label of details that nothing but their label tells from other words and

@@ -17,7 +17,7 @@ using enum RegularExpression::CaseSensitivity;
 
 /// What says that a secret follows. "Tokens: 512" counts something.
 const QString secretLabel =
-    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|wi-?fi|guest)\s+pass|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
+    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|guest)\s+pass|wi-?fi\s+(?:pass|voucher|key|code|kode)|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
     uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?|auth(?:[oe]\w{4,9})?[ -]?[ck]ode)"
     uR"(|kodeord|adgangskode|pinkode|engangskode|nøgle))"_s;
 
@@ -27,7 +27,7 @@ const QString hyphenatedCode = uR"([a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}(?![\w-]))"
 struct Expressions {
     /// In a cell beside their label: numbers that open something, codes in groups and words for which
     /// somebody thought of a digit, all of which may be torn by a blank.
-    RegularExpression numberInCell{uR"(^\d{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$)"};
+    RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?: \d){3,7}$)"};
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
     RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
     RegularExpression wordsInCell{
@@ -39,8 +39,17 @@ struct Expressions {
     RegularExpression assignment{secretLabel + uR"([\w-]{0,40}+["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
                                  uR"(([^\s"'”“,;<>(){}\[\]$*•]{5,}+)(?![(\[{]))"_s};
     RegularExpression sentence{u"(?<![\\w])(?:login|bearer|basic|"_s + secretLabel +
-                               uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
+                               uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().:]))"_s};
 
+    /// "SMTP_PASS='one two-Buckle 9!'", "the code for the new card is Heron-6628", "curl -u
+    /// ops:Gr4vel-Spoon".
+    RegularExpression quoted{
+        uR"((?:pass(?:word|wd|phrase)?|pwd|secret|adgangskode)["'”’]?\s?[:=]\s?["'“‘]([^"'”’“‘<>{}$]{5,60})["'”’])"};
+    RegularExpression codeOfThing{
+        uR"((?<!\p{L})(?:pass(?:word|code)|code|kode|adgangskode)\s(?:for|to|til)\s[^.,:;]{2,40}?\s(?:is|er)\s([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().]))"};
+    RegularExpression user{uR"((?<!\S)(?:-u|--user)[ =]["'“]?[\w.@-]{1,40}:([^\s"'”]{4,}))"};
+    /// Where nothing else stands: the codes of a list, of which only the first stands below the label.
+    RegularExpression codeAlone{uR"(^\s*([a-z\dO]{4}-[a-z\dO]{4}|[a-z\dO]{5}-[a-z\dO]{5})\s*$)", sensitive};
     /// Words joined by signs, a blank beside one of them: "tundra! Copper -92-lilac".
     RegularExpression torn{
         u"(?<![\\w])"_s + secretLabel +
@@ -73,8 +82,8 @@ struct Expressions {
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
-        uR"(|confirmation|lock ?box|key ?safe|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|dør|port|alarm)kode|kode|kontrolcifre))"
-        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2})(?![\d.,/]| \d))"};
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|dør|port|alarm)kode|kode|kontrolcifre))"
+        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|,\d| \d))"};
     RegularExpression codeBefore{
         uR"((?<![\w.,/-])((?:[A-Z]{1,2}-)?(?:\d{4,8}|\d{3}[ -]\d{3}))\s(?:is|er)\s(?:your|din)\s[^.\d]{0,30}(?:code|kode|pin|otp|password)\b)"};
     /// The beginning of one, which says in letters that it is one.
@@ -243,6 +252,12 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         if (Composition(line.sliced(codes.location, codes.length)).digits > 0)
             add(codes);
     }
+    for (const auto& match : expressions.codeAlone.matches(line)) {
+        const TextRange range = match.groups[0];
+        const Composition parts(line.sliced(range.location, range.length));
+        if (parts.changes >= 2 && parts.lower >= 2)
+            add(range);
+    }
     for (const TextRange range : expressions.hyphenated.ranges(line)) {
         if (breaks(line.sliced(range.location, range.length)) >= fewestBreaksOfKey)
             add(range);
@@ -256,11 +271,13 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         add(token);
     }
     for (const RegularExpression* expression :
-         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.torn}) {
+         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.torn,
+          &expressions.quoted, &expressions.codeOfThing, &expressions.user}) {
         for (const auto& match : expression->matches(line)) {
             const TextRange secret = match.groups[0];
             const QStringView text = line.sliced(secret.location, secret.length);
-            if (isChosen(text) && (expression != &expressions.torn || Composition(text).digits > 0))
+            if (isChosen(text) && ((expression != &expressions.torn && expression != &expressions.quoted) ||
+                                   Composition(text).digits > 0))
                 add(secret);
         }
     }

@@ -19,7 +19,8 @@ const QString streetType =
     u"|Run|Bend|Ridge|Commons|Embankment|Approach|Vale|Mount"_s;
 /// Words that end the name of a street, and many another name too: only where nothing else stands.
 const QString rareStreetType =
-    u"Acre|Acres|Bluff|Brae|Brook|Brow|Causeway|Chase|Cliff|Cove|Creek|Croft|Crossroads|Dale|Dell|Dene"
+    u"Acre|Acres|Cottages|Bluff|Brae|Brook|Brow|Causeway|Chase|Cliff|Cove|Creek|Croft|Crossroads|Dale|Dell|"
+    u"Dene"
     u"|Downs|Expressway|Forge|Garth|Glade|Glen|Grange|Haven|Heath|Hollow|Holme|Hts|Hurst|Knoll|Knolls"
     u"|Lawn|Lea|Leas|Manor|Marsh|Mead|Meadow|Meadows|Mill|Mills|Moor|Nook|Orchard|Overlook|Paddock|Pines"
     u"|Pointe|Prairie|Rapids|Reach|Ridings|Sands|Shoal|Spinney|Spur|Strand|Throughway|Trafficway|Viaduct"
@@ -86,7 +87,7 @@ QString wordsBeforePlace() {
     return houseNumber() + uR"(\s+)"_s + optional(compass() + uR"(\s+)"_s) +
            uR"((?:(?:(?:[A-Z]|\d{1,3}(?=[a-z]))[\w'’.\-]{0,40}+|)"_s + smallWord +
            uR"()\s+){0,3}[A-Z\d][\w'’.\-]{0,40}+\s?,?\s?)"_s + optional(unit() + uR"(\s?)"_s) + uR"(,\s*)"_s +
-           city() + uR"(,?\s+)"_s +
+           optional(city() + uR"(,\s*)"_s) + city() + uR"(,?\s+)"_s +
            anyOf({state() + uR"(\s+)"_s + zip() + uR"((?!\w))"_s, britishPostcode(), irishPostcode()});
 }
 

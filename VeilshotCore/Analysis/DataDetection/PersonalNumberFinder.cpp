@@ -18,9 +18,9 @@ const QString month =
     uR"(|aug(?:ust)?|sept?(?:ember)?|o[ck]t(?:ober)?|nov(?:ember)?|dec(?:ember)?)\.?)"_s;
 const QString year = uR"((?:19|20)\d{2})"_s;
 const QString date = uR"((?:\d{1,2}(?:st|nd|rd|th)?\.?\s?(?:of\s|de\s)?)"_s + month + uR"(,?\s)"_s + year +
-                     u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + year +
-                     uR"(|\d{1,2}\s?[./-]\s?\d{1,2}\s?[./-]\s?(?:)"_s + year + uR"(|\d{2})|)"_s + year +
-                     uR"([./-]\d{1,2}[./-]\d{1,2}))"_s;
+                     u'|' + month + uR"(\s\d{1,2}(?:st|nd|rd|th)?,?\s)"_s + year + uR"(|\d{1,2}-)"_s + month +
+                     u'-' + year + uR"(|\d{1,2}\s?[./-]\s?\d{1,2}\s?[./-]\s?(?:)"_s + year +
+                     uR"(|\d{2})|)"_s + year + uR"([./-]\d{1,2}[./-]\d{1,2}))"_s;
 /// The years in which the owners of most documents were born, and few other things happened.
 const QString pastYear = uR"((?:19[2-9]\d|200[0-4]))"_s;
 /// And the children, whose list may say so in a heading far above: where nothing but the date stands.
@@ -75,13 +75,14 @@ struct Expressions {
     /// A passport or a licence, or what is as long as one, but neither a ticket nor an order.
     RegularExpression lettered{
         uR"((?<![\w./-])(?!(?:INC|PO|SR|CHG|INV|REQ|SO|RMA|TKT|RITM|TASK|PRB|ORD|REF|WO|CR|BUG|FA|PR|ID|NO|NR|SKU|DKK|EUR|USD|GBP)\d))"
-        uR"(([A-Z]{1,3}\d{7,9}[A-Z]?|[A-Z]{2,3}\d{6}|\d{2}[A-Z]{2}\d{5}|(?=[A-Z\d]*\d[A-Z]{1,3}\d)(?=(?:[A-Z]*\d){3})(?=(?:\d*[A-Z]){3})[A-Z\d]{9})"
+        uR"(([A-Z]{1,3}\d{7,9}[A-Z]?|[A-Z]{2,3}\d{6}|[\dO]\d[A-Z]{2}\s?\d{5}|(?=[A-Z\d]*\d[A-Z]{1,3}\d)(?=(?:[A-Z]*\d){3})(?=(?:\d*[A-Z]){3})[A-Z\d]{9})"
         uR"(|[A-Z]{1,2}(?!20\d\d-)(?=(?:-?\d){8})\d{2,5}(?:-\d{2,6}){1,4})(?![\w-]))",
         RegularExpression::CaseSensitivity::sensitive};
-    /// The numbers of several countries by their shape: Brazil, Switzerland, Belgium, Finland, Czechia, a
-    /// Polish licence, Spain, Mexico, India, the United States (health), Ireland, Hong Kong, China.
+    /// The numbers of several countries by their shape: Brazil, Chile, Switzerland, Belgium, Finland,
+    /// Czechia, a Polish licence, Spain, Mexico, India, the United States (health), Ireland, Hong Kong,
+    /// China.
     RegularExpression national{
-        uR"((?<![\w./-])(\d{3}\.\d{3}\.\d{3}-\d\d|756\.\d{4}\.\d{4}\.\d\d|\d\d\.\d\d\.\d\d-\d{3}\.\d\d|[0-3]\d[01]\d{3}[-+A]\d{3}[A-Y])"
+        uR"((?<![\w./-])(\d{3}\.\d{3}\.\d{3}-\d\d|\d{1,2}\.\d{3}\.\d{3}-[\dkK]|756\.\d{4}\.\d{4}\.\d\d|\d\d\.\d\d\.\d\d-\d{3}\.\d\d|[0-3]\d[01]\d{3}[-+A]\d{3}[A-Y])"
         uR"(|\d\d[0156]\d[0-3]\d/\d{3,4}|\d{5}/\d\d/\d{4}|(?:\d|[XYZ]-?)\d{7}-?[A-Z]|[A-Z]{4}\d{6}(?:[A-Z\d]{3}|[HM][A-Z]{5}[A-Z\d]\d)|[A-Z]{5}\d{4}[A-Z])"
         uR"(|\d[A-Z][A-Z\d]\d-[A-Z][A-Z\d]\d-[A-Z]{2}\d\d|\d{7}[A-W][A-IW]?|[A-Z]{1,2}\d{6}\([\dA]\)|\d{6}(?:19|20)\d{9}[\dX])(?![\w/-]|\.\d))",
         RegularExpression::CaseSensitivity::sensitive};
@@ -93,7 +94,7 @@ struct Expressions {
         uR"((?<![\d./-])([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"};
     RegularExpression account{
         uR"((?<!\w)((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
-        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d]{0,3}\d)[A-Z\d]{4}){3,7}(?:\s?[A-Z\d]{1,3})?)(?!\w))",
+        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?)(?!\w))",
         RegularExpression::CaseSensitivity::sensitive};
 
     static const Expressions& shared() {

@@ -32,6 +32,20 @@ TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
          "Donggyo-ro 12, Mapo-gu, Seoul 04016"});
 }
 
+TEST(PostalAddressFinder, FindsAddressesOfManyCountries) {
+    expectFoundWhole<PostalAddressFinder>(
+        {"12 Lé Loi, Phudng Bén Nghé, Quan 1, HCMC", "700000 HCMC", "Lagos 101241", "6346101 Tel Aviv",
+         "Dizengoff 141, Tel Aviv 6346101", "Plot 12, Block C, Admiralty Way, Lekki Phase 1, Lagos",
+         "Flat 4B, Shanti Apartments, MG Road, Pune 411001", "Sector 62, Noida 201301",
+         "14, 4th Cross, Indiranagar, Bengaluru 560038", "1-2-3 Jingumae, Shibuya-ku, Tokyo 150-0001",
+         "Rua Augusta, 1508, Consolação, São Paulo - SP, 01305-100", "P.O. Box 12345-00100, Nairobi"});
+    expectFoundWhole<PostalAddressFinder>(
+        {"Cinar Sok. No: 14 D: 7, 34730 Kadikéy/Istanbul", "Petőfi utca 12, 1052 Budapest",
+         "Calle Lautaro 551, depto. 902, 4030000 Concepción", "Kerkpad 4 bus 2, 9000 Gent",
+         "3 Quay Cottages, Kinsale, Co. Cork P17 XD72", "Whanganui 4500",
+         "Hyldespjældet 42, kld., 2620 Albertslund", "Jalan Sudirman 12, Jakarta 12190"});
+}
+
 TEST(PostalAddressFinder, FindsAddressesWithoutTheirBlanks) {
     expectFoundWhole<PostalAddressFinder>(
         {"Tingvej10,2.tv,4300Holbæk", "Astraede111,3600 Frederikssund", "155The Crescent,AberdeenAB246RP",
@@ -89,6 +103,8 @@ TEST(PostalAddressFinder, LeavesOtherNumberedThingsAlone) {
                                              "ADDRESS\tPARENT 1",
                                              "By\tBrandon Lee",
                                              "Town\tYears there",
+                                             "Version 10, Build 22000",
+                                             "Nelson 2024",
                                              "zip\t2.4 MB"});
 }
 
