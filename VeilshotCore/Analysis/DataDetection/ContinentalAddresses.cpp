@@ -32,10 +32,10 @@ QString frenchAddress() {
 
 QString streetBehindItsType() {
     return beforeName() +
-           uR"((?:Calle|Carrera|Cra\.|Cl\.|Jirón|Jr\.|Ronda|Corso|Largo|Vicolo|Strada|Bulevardul|Calea|Estrada|Rodovia|R\.|Trg|Ulica|Bulevar|Rruga|Odos|Jalan|Jl\.|Jln\.?|Lorong|Persiaran|Thanon|Đường|Phố|Rehov|Sderot|Náměstí|[Nn]ám\.|Rue|Quai|Chemin|Impasse|Steenweg|Chaussée|Avenue|Boulevard|Alameda|Plaza(?!\s+(?:Suite|Unit|Floor|Level|Room|Apt)\b)|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via(?!\s+(?:e-?mail|Mail|SMS|App|API|Web|Phone|Zoom|Teams|Slack|Chat|Port|Link|USB|WiFi|Email|E-[Mm]ail)\b)|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
-           uR"((?:(?:de|dei|del|dels|della|delle|degli|di|da|das|do|dos|la|las|los|el)\s+){0,2})"_s +
+           uR"((?:Calle|C/|Str\.|[Vv]ul\.|Soi|Carrera|Cra\.|Cl\.|Jirón|Jr\.|Ronda|Corso|Largo|Vicolo|Strada|Bulevardul|Calea|Estrada|Rodovia|R\.|Trg|Ulica|Bulevar|Rruga|Odos|Jalan|Jl\.|Jln\.?|Lorong|Persiaran|Thanon|Đường|Phố|Rehov|Sderot|Náměstí|[Nn]ám\.|Rue|Quai|Chemin|Impasse|Steenweg|Chaussée|Avenue|Boulevard|Alameda|Plaza(?!\s+(?:Suite|Unit|Floor|Level|Room|Apt)\b)|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via(?!\s+(?:e-?mail|Mail|SMS|App|API|Web|Phone|Zoom|Teams|Slack|Chat|Port|Link|USB|WiFi|Email|E-[Mm]ail)\b)|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
+           uR"((?:(?:du|des|\d{1,2} de|de|dei|del|dels|della|delle|degli|di|da|das|do|dos|la|las|los|el)\s+){0,2})"_s +
            name() + uR"((?:\s+)"_s + name() +
-           uR"(){0,2},?\s+(?:(?:[Nn][º°.]|[Nn]o\.?:?|[Nn]úm\.|#)\s?)?\d{1,5}(?:\s?(?!m\.)[A-Za-z]\b|[/-]\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
+           uR"(){0,2},?\s+(?:(?:[Nn][º°.]|[Nn][or]\.?:?|[Nn]úm\.|#|d\.)\s?)?\d{1,5}(?:\s?(?!m\.)[A-Za-z]\b|[/-]\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
 }
 
 // Japan: "2-14-7 Yanaka", "Taito-ku 110-0001"
@@ -53,14 +53,14 @@ QString japaneseBlock() {
 QString streetBeforeItsType() {
     return beforeName() + u"(?:"_s + name() +
            uR"(\s+){1,3}(?:(?:Sok(?:ak|ağı)?|Sk|Cad(?:desi)?|Cd|Bulvarı|Blv|Mah(?:allesi)?)\b\.?,?\s*[Nn]o\s?[:.]?\s?\d{1,4}[A-Z]?(?:/\d{1,3})?)"
-           uR"(|(?:utca|út|útja|körút|tér|tere|sétány|köz|iela|gatve|prospekts|tn|mnt|pst|puiestee|třída|ulica|ulice|g\.|pr\.|al\.)\s+\d{1,4}(?:[/-]\d{1,3})?\.?[A-Za-z]?(?![\w%]|[.,]\d)))"_s;
+           uR"(|(?:utca|u\.|út|útja|körút|tér|tere|sétány|köz|iela|gatve|prospekts|tn|mnt|pst|puiestee|třída|ulica|ulice|g\.|pr\.|al\.)\s+\d{1,4}(?:[/-]\d{1,3})?\.?[A-Za-z]?(?![\w%]|[.,]\d)))"_s;
 }
 
 // Vietnam: "12 Lê Lợi, Phường Bến Nghé, Quận 1", whose accents may be misread
 
 QString vietnameseStreet() {
     const QString district =
-        uR"((?:P[hH]\p{L}{2,4}ng|Qu\p{L}{1,2}n|Huy\p{L}n|P\.|Q\.|Ward|District|TP\.?)\s?(?:\d{1,2}\b|)"_s +
+        uR"((?:P[hH]\p{L}{2,4}ng|Qu\p{L}{1,2}n|Huy\p{L}n|Th\p{L}{1,3}nh\sph\p{L}|P\.|Q\.|Ward|District|TP\.?)\s?(?:\d{1,2}\b|)"_s +
         name() + uR"((?:\s)"_s + name() + u"){0,3})"_s;
     return houseNumber() + uR"((?:/\d{1,4}){0,3}\s+(?:)"_s + name() + uR"(\s?){1,5},\s*)"_s + district +
            uR"((?:,\s*)"_s + district + u"){0,2}"_s;
@@ -73,6 +73,8 @@ QString plot() {
     return anyOf(
         {uR"((?<![\w-])(?:Plot|Blk|Block|H(?:ouse|\.)?\s?No\.?|Flat\s?No\.?|Door\s?No\.?)\s?#?\s?(?:\d{1,4}[A-Z]?(?:[/-]\d{1,4}[A-Z]?){0,2}|[A-Z]\d{0,3}),?\s+(?:(?:Block|Road|Zone|Phase|Sector)\s\w{1,4},\s*)?)"_s +
              words + uR"(,\s*)"_s + words,
+         uR"((?<![\w-])\d{1,3}(?:/\d{1,3})?\s(?:Moo|M\.)\s?\d{1,2}(?!\w))"_s,
+         uR"((?<![\w-])(?:Cra|Cl|Calle|Carrera|Diag|Transv|Av|Avenida)\.?\s\d{1,3}[A-Z]?\s?(?:#|[Nn]o\.?)\s?\d{1,3}[A-Z]?\s?-\s?\d{1,3}(?!\w))"_s,
          uR"((?<![\w-])Sector[\s-]\d{1,3}[A-Z]?,\s*)"_s + words,
          houseNumber() +
              uR"((?:/\d{1,4})?,\s*\d{1,2}(?:st|nd|rd|th)\s(?:Cross|Main|Block|Avenue|Street)\b)"_s});
@@ -83,7 +85,7 @@ QString plot() {
 QString koreanStreet() {
     return beforeName() +
            uR"(\p{Lu}\p{Ll}{2,20}-(?:daero|ro|gil)(?:\s\d{1,3}-gil)?\s\d{1,4}(?:-\d{1,3})?(?![\w%]|[.,]\d))"_s +
-           optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}-(?:gu|si|gun|dong))"_s) +
+           optional(uR"(\s\d{1,3}-gil)"_s) + optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}-(?:gu|si|gun|dong))"_s) +
            optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}\s\d{5}(?!\d))"_s);
 }
 
@@ -109,7 +111,7 @@ const QString wholeStreet =
     u"|Vesterled|Nyhavn|Trianglen)"_s;
 /// No count, time, share or sum.
 const QString nordicNumber =
-    uR"(\d{1,3}(?:\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
+    uR"(\d{1,3}(?:(?:/\d{1,3}){1,2}|\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
     uR"((?![\w%°]|[.,:]\d|\s?(?:kr\b|DKK|km\b|m\b|%|GB|MB|år\b|stk)))"_s;
 /// Labels are no part of a street's name, and a month with its day is none.
 const QString notOtherWords =

@@ -29,6 +29,7 @@ struct Expressions {
     /// somebody thought of a digit, all of which may be torn by a blank.
     RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?: \d){3,7}$)"};
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
+    RegularExpression answer{u"(?:answer|memorable|svar)"};
     RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
     RegularExpression wordsInCell{
         uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
@@ -83,7 +84,11 @@ struct Expressions {
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
         uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|dør|port|alarm)kode|kode|kontrolcifre))"
-        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|,\d| \d))"};
+        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
+    RegularExpression codeToEnter{
+        uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};
+    RegularExpression door{
+        uR"((?<!\p{L})(?:(?:door|gate|dør|port|alarm)(?:\s(?:is|er)\s|:\s|\s)[#*]|(?:door|gate|dør|port|alarm)(?:\s(?:is|er)|:)\s|(?:lock ?box|key ?(?:safe|box)|nøgleboks(?:en)?|keypad)(?:\s(?:is|er))?:?\s[#*]?)(\d{4,6})(?![\d.,:/-]))"};
     RegularExpression codeBefore{
         uR"((?<![\w.,/-])((?:[A-Z]{1,2}-)?(?:\d{4,8}|\d{3}[ -]\d{3}))\s(?:is|er)\s(?:your|din)\s[^.\d]{0,30}(?:code|kode|pin|otp|password)\b)"};
     /// The beginning of one, which says in letters that it is one.
@@ -202,6 +207,7 @@ bool isRandom(QStringView text) {
 /// What stands in a cell beside the label of a secret, unless it says something of it, such as "never used".
 std::optional<TextRange> secretInCell(QStringView line) {
     constexpr qsizetype shortest = 4;
+    constexpr qsizetype longestAnswer = 40;
     const auto labelled = LabelledValue::of(line);
     if (!labelled || labelled->topic != LabelTopic::secret)
         return std::nullopt;
@@ -209,8 +215,10 @@ std::optional<TextRange> secretInCell(QStringView line) {
     const QStringView cell = line.sliced(labelled->value.location, labelled->value.length);
     const bool isWord = std::ranges::none_of(cell, [](QChar character) { return character.isSpace(); });
     const bool isCount = line.first(labelled->value.location).contains(u"token", Qt::CaseInsensitive);
+    const bool isAnswer = expressions.answer.hasMatch(line.first(labelled->value.location));
     const auto torn = expressions.tornInCell.matchAt(cell, 0);
-    if ((isWord && cell.size() >= shortest && isChosen(cell)) ||
+    if ((isAnswer && cell.size() <= longestAnswer && cell[0].isLetterOrNumber()) ||
+        (isWord && cell.size() >= shortest && isChosen(cell)) ||
         (expressions.numberInCell.hasMatch(cell) && !isCount) || expressions.codesInCell.hasMatch(cell) ||
         expressions.wordAndNumber.hasMatch(cell) || expressions.wordsInCell.hasMatch(cell) ||
         (torn && Composition(cell).digits > 0))
@@ -243,7 +251,8 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
     if (const auto secret = secretInCell(line))
         add(*secret);
     for (const RegularExpression* expression :
-         {&expressions.code, &expressions.codeBefore, &expressions.wordsWithNumber}) {
+         {&expressions.code, &expressions.codeBefore, &expressions.codeToEnter, &expressions.door,
+          &expressions.wordsWithNumber}) {
         for (const auto& match : expression->matches(line))
             add(match.groups[0]);
     }

@@ -94,7 +94,11 @@ const std::array<Cities, 13>& cities() {
         {u"99999",
          TownNames(
              u"istanbul, i̇stanbul, ankara, izmir, i̇zmir, bursa, antalya, adana, konya, kadıköy, beşiktaş, "
-             u"ciudad de méxico, guadalajara, monterrey, puebla, lima, arequipa, kuala lumpur, penang, "
+             u"ciudad de méxico, cdmx, chicago, new york, brooklyn, los angeles, houston, philadelphia, "
+             u"seattle, denver, boston, "
+             u"portland, oakland, san francisco, san diego, miami, atlanta, austin, minneapolis, pittsburgh, "
+             u"somerville, "
+             u" guadalajara, monterrey, puebla, lima, arequipa, kuala lumpur, penang, "
              u"johor bahru, petaling jaya, bangkok, chiang mai, jakarta, jakarta selatan, bandung, surabaya, "
              u"yogyakarta, denpasar, seoul, busan, incheon, daegu, lahore, karachi, islamabad, "
              u"rawalpindi, nairobi, mombasa, kisumu, accra, casablanca, rabat, marrakech, fes, cairo, giza, "

@@ -157,6 +157,7 @@ TextRange grownLeft(QStringView line, TextRange address, const PostalAddressGram
     };
     if (!grownOverUnits() && grownOver(grammar.precedingHouse))
         grownOverUnits();
+    grownOver(grammar.precedingParts);
     return address;
 }
 
@@ -186,7 +187,7 @@ std::vector<TextRange> addressesIn(QStringView line) {
 /// Hardly any address does without a number, but houses have names.
 bool mayHoldAddress(QStringView line) {
     static const RegularExpression house(
-        u"Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,|[Cc]\\s?/\\s?[Oo]\\b"_s,
+        u"^The .*,|Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,|[Cc]\\s?/\\s?[Oo]\\b"_s,
         RegularExpression::CaseSensitivity::sensitive);
     return std::ranges::any_of(line, [](QChar character) { return character.isDigit(); }) ||
            house.hasMatch(line);

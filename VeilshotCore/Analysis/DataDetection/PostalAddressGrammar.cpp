@@ -59,6 +59,10 @@ QStringList placePatterns() {
         city() + uR"(\s?[-–/]\s?[A-Z]{2})"_s + optional(uR"(,?\s+(?:CEP:?\s?)?\d{5}-?\d{3})"_s) +
             uR"((?!\w))"_s,
         city() + uR"(,?\s+(?:\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{5,7})(?![\w-]))"_s,
+        city() + uR"(\s\((?:Qu[ée]bec|Ontario|QC|ON|BC)\)\s+)"_s + canadianPostcode(),
+        uR"((?:Singapore\s|S)\(?\d{6}\)?(?!\w))"_s,
+        uR"([A-Z]\d{4}[A-Z]{3}\s+)"_s + city(),
+        uR"((?:\d{3} \d{2}|\d{5})\s+)"_s + city() + uR"(\s\d{1,2}(?![\w.,]))"_s,
         country(),
     };
 }
@@ -67,7 +71,8 @@ QStringList placePatterns() {
 
 PostalAddressGrammar::PostalAddressGrammar()
     : anchors(compiled(englishAddresses() + continentalAddresses() +
-                       QStringList{postBox, uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
+                       QStringList{postBox, uR"((?<=,\s)Dublin\s\d{1,2}W?(?!\w))"_s,
+                                   uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
       danishPlace(compiled(
           uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå](?:\w{1,3}\.|\w{1,40}+)))"_s +
           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s + uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
@@ -88,7 +93,10 @@ PostalAddressGrammar::PostalAddressGrammar()
           uR"((?:^|(?<=[:\-–—•>]\s)|(?<=\b(?:to|til|from|fra|at|hos|på|ved)\s)|(?<=(?:Unit|Suite|Flat|Apt|Floor|Room)\s\w{1,4},\s))((?!(?:Mr|Mrs|Ms|Dr|Ship|Deliver|Visit|Send|Adr|Addr|Adresse|Address)\b))"_s +
           anyOf({unit(), unit() + uR"((?:,\s*)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}){1,3}"_s,
                  uR"((?:The\s+)?)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}"_s}) +
-          uR"(\s*,\s*)$)"_s)) {}
+          uR"(\s*,\s*)$)"_s)),
+      precedingParts(compiled(
+          uR"((?:^|(?<=[:;–—•>\t]\s?))\s{0,2}(?=\D{0,80}\d)((?:(?:[A-Z]{1,2}\.|[\p{Lu}\d#][\p{L}\d.'’/#º°\-]{0,24})(?:\s(?:de|del|da|do|na|of|[a-z]{1,3}\.|[\p{Lu}\d#(][\p{L}\d.'’/#º°()\-]{0,24})){0,5},\s*){1,5})$)"_s)) {
+}
 
 const PostalAddressGrammar& PostalAddressGrammar::shared() {
     static const PostalAddressGrammar grammar;

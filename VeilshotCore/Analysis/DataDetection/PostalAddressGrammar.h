@@ -34,6 +34,8 @@ struct PostalAddressGrammar {
     /// begins the line or the sentence. Group 1 is what belongs to the address.
     RegularExpression precedingUnit;
     RegularExpression precedingHouse;
+    /// All from the beginning of the line or the sentence, if it has a number.
+    RegularExpression precedingParts;
 
     /// Built at the first call, kept for good.
     static const PostalAddressGrammar& shared();

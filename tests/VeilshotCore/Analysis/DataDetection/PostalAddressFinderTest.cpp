@@ -43,7 +43,9 @@ TEST(PostalAddressFinder, FindsAddressesOfManyCountries) {
         {"Cinar Sok. No: 14 D: 7, 34730 Kadikéy/Istanbul", "Petőfi utca 12, 1052 Budapest",
          "Calle Lautaro 551, depto. 902, 4030000 Concepción", "Kerkpad 4 bus 2, 9000 Gent",
          "3 Quay Cottages, Kinsale, Co. Cork P17 XD72", "Whanganui 4500",
-         "Hyldespjældet 42, kld., 2620 Albertslund", "Jalan Sudirman 12, Jakarta 12190"});
+         "Hyldespjældet 42, kld., 2620 Albertslund", "Jalan Sudirman 12, Jakarta 12190",
+         "Villa 12, Street 4B, Al Barsha, Dubai", "Cra. 7 #71-21, Bogotá", "Rothschild Blvd 12, Tel Aviv",
+         "No. 12, Lane 88, Huaihai Rd, Xuhui District, Shanghai 200031", "Apt 4, The Oaks, Dublin 8"});
 }
 
 TEST(PostalAddressFinder, FindsAddressesWithoutTheirBlanks) {
