@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -80,7 +82,11 @@ bool goesOnInText(const QString& upper, const QString& lower) {
     static const RegularExpression begunState(uR"(\d.*\p{L}, [A-Z]{2}$)", sensitive);
     static const RegularExpression postcode(uR"(^\d{5}(?![\d,.]?\d))");
     static const RegularExpression word(uR"(\p{L}{2})");
-    return (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
+    static const RegularExpression begunHouse(uR"(\p{Lu}\p{Ll}+$)", sensitive);
+    static const RegularExpression restOfHouse(uR"(^\p{Lu}\p{Ll}+, \d{1,4}[A-Za-z]? \p{Lu}\p{Ll})",
+                                               sensitive);
+    return (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
+           (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
            (begunPlace.hasMatch(upper) && town.hasMatch(lower)) ||
            (begunState.hasMatch(upper) && postcode.hasMatch(lower)) ||
            (word.hasMatch(upper) && std::ranges::any_of(pairsOfDigits, [&](const auto& pairs) {
@@ -153,36 +159,87 @@ bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
 }
 
+/// The labels of a picture. Those of a town and a state count only where other labels of addresses stand, for
+/// a table may list towns of which nothing else is said; that of the number of a house only beside the one of
+/// its street.
+class Labels {
+public:
+    explicit Labels(const std::vector<SegmentReading>& readings) {
+        for (const SegmentReading& reading : readings) {
+            const auto topic = m_topics.emplace_back(topicOfLabel(reading.text));
+            m_hasAddresses = m_hasAddresses || topic == LabelTopic::address || topic == LabelTopic::postcode;
+        }
+        for (std::size_t index = 0; index < readings.size(); ++index) {
+            if (m_topics[index] == LabelTopic::houseNumber && !isBesideStreet(index, readings))
+                m_topics[index].reset();
+        }
+    }
+
+    bool isOfDetail(std::size_t index) const {
+        const auto topic = m_topics[index];
+        return topic && (m_hasAddresses || (topic != LabelTopic::town && topic != LabelTopic::state));
+    }
+    /// Whether the text may stand beside or below one: not the label of the next.
+    bool mayBeValue(const SegmentReading& reading, std::size_t index) const {
+        return !reading.text.isEmpty() && !reading.text.endsWith(u':') && !m_topics[index];
+    }
+
+private:
+    bool isBesideStreet(std::size_t number, const std::vector<SegmentReading>& readings) const {
+        for (std::size_t index = 0; index < readings.size(); ++index) {
+            if (m_topics[index] == LabelTopic::address && isFarBeside(readings[index], readings[number]))
+                return true;
+        }
+        return false;
+    }
+
+    std::vector<std::optional<LabelTopic>> m_topics;
+    bool m_hasAddresses = false;
+};
+
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                           const std::vector<std::size_t>& column, QSize image) {
-    const SegmentReading& header = readings[column.front()];
-    if (!isLabelOfDetail(header.text))
+                           const Labels& labels, const std::vector<std::size_t>& column, QSize image) {
+    if (!labels.isOfDetail(column.front()))
         return;
-    for (std::size_t row = 1; row < column.size(); ++row) {
-        const SegmentReading& value = readings[column[row]];
-        if (!isBelow(header, value)) // or it is told already
+    const SegmentReading& header = readings[column.front()];
+    for (const std::size_t cell : std::span(column).subspan(1)) {
+        const SegmentReading& value = readings[cell];
+        if (!isBelow(header, value) && labels.mayBeValue(value, cell)) // or it is told already
             appendForEach(lines, {withoutColon(header), whole(value)}, u"\t", image);
     }
 }
 
 void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                    const SegmentReading& label, QSize image) {
+                    const Labels& labels, std::size_t labelIndex, QSize image) {
+    const SegmentReading& label = readings[labelIndex];
     const bool isPerson = isLabelOfPerson(label.text);
-    if (!isPerson && !isLabelOfDetail(label.text))
+    if (!isPerson && !labels.isOfDetail(labelIndex))
         return;
-    const auto append = [&](const SegmentReading& value) {
-        if (!isPerson || mayBeName(value.text))
+    const auto append = [&](std::size_t index) {
+        const SegmentReading& value = readings[index];
+        if (isPerson ? mayBeName(value.text) : labels.mayBeValue(value, index))
             appendForEach(lines, {withoutColon(label), whole(value)}, u"\t", image);
     };
-    const SegmentReading* beside = nullptr;
-    for (const SegmentReading& value : readings) {
-        if (isBelow(label, value))
-            append(value);
-        if (isBeside(label, value) && (!beside || value.box.left() < beside->box.left()))
-            beside = &value;
+    std::optional<std::size_t> beside;
+    std::optional<std::size_t> field;
+    bool isAlone = true;
+    for (std::size_t index = 0; index < readings.size(); ++index) {
+        const SegmentReading& value = readings[index];
+        if (isBelow(label, value)) {
+            append(index);
+            isAlone = false;
+        }
+        if ((isPerson ? isBeside(label, value) : isFarBeside(label, value)) &&
+            (!beside || value.box.left() < readings[*beside].box.left()))
+            beside = index;
+        if (!isPerson && isInFieldBelow(label, value) &&
+            (!field || value.box.top() < readings[*field].box.top()))
+            field = index;
     }
     if (beside)
         append(*beside);
+    if (field && isAlone)
+        append(*field);
 }
 
 /// An address that stands below each other: a street, a town with its postcode or both apart.
@@ -198,10 +255,19 @@ void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& upp
     }
 }
 
+/// Without the label and the colon, with which both lines would be hidden whole.
+ReadingPart behindLabel(const ReadingPart& part) {
+    const QString colon = u": "_s;
+    const qsizetype at = part.text().lastIndexOf(colon);
+    const qsizetype length = at < 0 ? 0 : at + colon.size();
+    return {part.reading, {part.range.location + length, part.range.length - length}};
+}
+
 void appendWrapped(std::vector<RecognizedLine>& lines, const ReadingPart& upper, const ReadingPart& lower,
                    QSize image) {
-    if (!hasLabel(upper.text()) && !hasLabel(lower.text()))
-        appendForEach(lines, {upper, lower}, u" ", image);
+    const ReadingPart unlabelled = behindLabel(upper);
+    if (unlabelled.range.length > 0 && !hasLabel(unlabelled.text()) && !hasLabel(lower.text()))
+        appendForEach(lines, {unlabelled, lower}, u" ", image);
 }
 
 void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
@@ -255,10 +321,11 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
 std::vector<RecognizedLine> combinedLines(const std::vector<SegmentReading>& readings, QSize image) {
     const std::vector<std::vector<std::size_t>> columns = columnsOf(readings);
     std::vector<RecognizedLine> lines;
-    for (const SegmentReading& label : readings)
-        appendLabelled(lines, readings, label, image);
+    const Labels labels(readings);
+    for (std::size_t label = 0; label < readings.size(); ++label)
+        appendLabelled(lines, readings, labels, label, image);
     for (const std::vector<std::size_t>& column : columns)
-        appendColumnOfDetails(lines, readings, column, image);
+        appendColumnOfDetails(lines, readings, labels, column, image);
     appendContinued(lines, readings, image);
     appendColumns(lines, readings, columns, image);
     return lines;

@@ -9,6 +9,12 @@ namespace Veilshot {
 /// Whether the value stands in the same row behind the label, near enough to belong to it.
 bool isBeside(const SegmentReading& label, const SegmentReading& value);
 
+/// The same of a label that tells for certain what the value is, which may stand at the other edge.
+bool isFarBeside(const SegmentReading& label, const SegmentReading& value);
+
+/// Whether the value stands in a field with a frame below the label.
+bool isInFieldBelow(const SegmentReading& label, const SegmentReading& value);
+
 /// Whether one stands right below the other as in a column, flush left.
 bool isBelow(const SegmentReading& upper, const SegmentReading& lower);
 
