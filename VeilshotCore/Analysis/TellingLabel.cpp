@@ -13,7 +13,9 @@ namespace {
 constexpr qsizetype longestLabel = 32;
 constexpr qsizetype longestLabelOfDetail = 48;
 
-const QString birth = uR"((?:date of )?birth(?: ?da(?:y|te))?|born|d\.?o\.?b\.?|født|fødselsda(?:g|to))"_s;
+const QString birth =
+    uR"((?:date of )?birth(?: ?da(?:y|te))?|born|d\.?o\.?b\.?|født|fødselsda(?:g|to))"
+    uR"(|fødd|född|födelsedatum|geboren|geburtsdatum|geboortedatum|date de naissance|née?|fecha de nacimiento|data di nascita)"_s;
 
 /// Papers and numbers of which the word alone says whose they are. Not a bare "ID", which everything has.
 const QString document =
@@ -37,7 +39,7 @@ const QString branch = uR"(reg(?:istrerings)?[. -]{0,2}(?:nr|nummer|no)?\.?|sort
 
 const QString secret =
     uR"(pass(?:word|code|phrase|wd)?s?|pwd|secrets?|secret (?:key|word)s?|(?:security|secret|memorable) (?:answer|word|place|date)|sikkerhedssvar|(?:\w{2,10} )?tokens?|(?:pin|puk|otp|cvv2?|cvc2?)(?:[- ]?(?:codes?|koder?))?|psk)"
-    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre-?shared|network|security|wi-?fi|wlan|wpa[23]?|master)[ -](?:key|phrase|voucher|code)s?)"
+    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre-?shared|network|security|wi-?fi|wlan|wpa[23]?|master|setup|manual|authenticator)[ -](?:key|phrase|voucher|code)s?)"
     uR"(|(?:security|access|door|gate|entry|alarm|lock ?box|key ?safe|verification|log-?in|sign-?in|one-time|backup|recovery|reset|authentication)"
     uR"(|confirmation|unlock|2fa|mfa|safe|key ?box)[ -](?:pin[ -])?(?:code|password|passcode)s?|(?:seed|recovery|backup|secret) (?:phrase|words))"
     uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|d[øo]r|port|alarm|gendannelses|backup|nød|bekræftelses|låge|wifi-)(?:koder?|nøgler?))"

@@ -79,6 +79,10 @@ struct Expressions {
     RegularExpression groups{
         uR"((?:recovery|backup|activation|licen[cs]e|product)\s?(?:codes?|keys?)\s*[:\t]?\s*)"_s + u'(' +
         hyphenatedCode + uR"((?:[\s,]{1,2})"_s + hyphenatedCode + uR"()*))"_s};
+    /// "JBSW Y3DP EHPK 3PXP"
+    RegularExpression authenticatorKey{
+        uR"((?<!\w)((?=(?:[A-Z2-7]{4} )*[A-Z2-7]{0,3}(?:[2-7][A-Z]|[A-Z][2-7]))(?=(?:[A-Z2-7]{4} )*\d{0,3}[A-Z]{2})[A-Z2-7]{4}(?: [A-Z2-7]{4}){3,12})(?!\w))",
+        sensitive};
     RegularExpression hyphenated{uR"((?<![\w-])[A-Z\d]{4}(?:-[A-Z\d]{4}){2,5}(?![\w-]))", sensitive};
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
@@ -250,9 +254,12 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
     }
     if (const auto secret = secretInCell(line))
         add(*secret);
+    const bool hasDigit = Composition(line).digits > 0;
     for (const RegularExpression* expression :
          {&expressions.code, &expressions.codeBefore, &expressions.codeToEnter, &expressions.door,
-          &expressions.wordsWithNumber}) {
+          &expressions.wordsWithNumber, &expressions.authenticatorKey}) {
+        if (!hasDigit)
+            break;
         for (const auto& match : expression->matches(line))
             add(match.groups[0]);
     }
@@ -279,16 +286,21 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         endOfToken = token.end();
         add(token);
     }
-    for (const RegularExpression* expression :
-         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.torn,
-          &expressions.quoted, &expressions.codeOfThing, &expressions.user}) {
-        for (const auto& match : expression->matches(line)) {
+    const auto addChosen = [&](const RegularExpression& expression, int fewestDigits) {
+        for (const auto& match : expression.matches(line)) {
             const TextRange secret = match.groups[0];
             const QStringView text = line.sliced(secret.location, secret.length);
-            if (isChosen(text) && ((expression != &expressions.torn && expression != &expressions.quoted) ||
-                                   Composition(text).digits > 0))
+            if (isChosen(text) && Composition(text).digits >= fewestDigits)
                 add(secret);
         }
+    };
+    for (const RegularExpression* expression :
+         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.codeOfThing,
+          &expressions.user})
+        addChosen(*expression, 0);
+    if (hasDigit) {
+        addChosen(expressions.torn, 1);
+        addChosen(expressions.quoted, 1);
     }
     for (const TextRange range : expressions.run.ranges(line)) {
         if (isRandom(line.sliced(range.location, range.length)))

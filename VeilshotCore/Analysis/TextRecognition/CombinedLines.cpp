@@ -33,11 +33,11 @@ bool mayBeStreet(const QString& text) {
     return expression.hasMatch(text);
 }
 
-/// A town with its postcode.
+/// A town with its postcode, on either side.
 bool isPlace(const QString& text) {
     static const RegularExpression expression(
-        uR"(^(?:(?:[A-Z]{1,2}-)?(?:(?!19|20)\d{4}|(?:19|20)\d\d(?= Frederiksberg| København)|\d{5}|\d{3} \d{2}|\d{2}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
-        uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2},? \d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}))$)",
+        uR"(^(?:(?:[A-Z]{1,2}-)?(?:(?!19|20)\d{4}|(?:19|20)\d\d(?= Frederiksberg| København)|\d{5,7}|\d{3} \d{2,3}|\d{2}-\d{3}|\d{4,5}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
+        uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2,3},? )?(?:\d{5}(?:-\d{4})?|(?!19|20)\d{4}|\d{6,7}|\d{3} \d{3}|\d{3}-\d{4}|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|[A-Z]\d[A-Z] ?\d[A-Z]\d|[A-Z]\d[\dW] [A-Z\d]{4}))$)",
         sensitive);
     return expression.hasMatch(text);
 }
@@ -48,8 +48,9 @@ bool isTown(const QString& text) {
 }
 
 bool isBarePostcode(const QString& text) {
-    static const RegularExpression expression(uR"(^(?:\d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2})$)",
-                                              sensitive);
+    static const RegularExpression expression(
+        uR"(^(?:\d{5}(?:-\d{4})?|(?!19|20)\d{4}|\d{6,7}|\d{3} \d{2,3}|\d{3}-\d{4}|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|[A-Z]\d[A-Z] ?\d[A-Z]\d|[A-Z]\d[\dW] [A-Z\d]{4})$)",
+        sensitive);
     return expression.hasMatch(text);
 }
 
@@ -82,10 +83,14 @@ bool goesOnInText(const QString& upper, const QString& lower) {
     static const RegularExpression begunState(uR"(\d.*\p{L}, [A-Z]{2}$)", sensitive);
     static const RegularExpression postcode(uR"(^\d{5}(?![\d,.]?\d))");
     static const RegularExpression word(uR"(\p{L}{2})");
+    static const RegularExpression begunAccount(uR"(\b[A-Z]{2}\d{2}(?: [A-Z\d]{4}){0,6}$)", sensitive);
+    static const RegularExpression restOfAccount(uR"(^(?=[A-Z\d ]{0,6}\d)[A-Z\d]{4} [A-Z\d]{1,4})",
+                                                 sensitive);
     static const RegularExpression begunHouse(uR"(\p{Lu}\p{Ll}+$)", sensitive);
     static const RegularExpression restOfHouse(uR"(^\p{Lu}\p{Ll}+, \d{1,4}[A-Za-z]? \p{Lu}\p{Ll})",
                                                sensitive);
-    return (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
+    return (begunAccount.hasMatch(upper) && restOfAccount.hasMatch(lower)) ||
+           (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
            (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
            (begunPlace.hasMatch(upper) && town.hasMatch(lower)) ||
            (begunState.hasMatch(upper) && postcode.hasMatch(lower)) ||
@@ -242,16 +247,28 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
         append(*field);
 }
 
-/// An address that stands below each other: a street, a town with its postcode or both apart.
-void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& upper,
-                   const SegmentReading& lower, const std::vector<SegmentReading>& readings, QSize image) {
-    if (mayBeStreet(upper.text) && isPlace(lower.text))
-        appendForEach(lines, {whole(upper), whole(lower)}, u", ", image);
-    if (!isTown(upper.text) || !isBarePostcode(lower.text))
+/// An address that stands below each other: a street, perhaps an area, a town with its postcode or both
+/// apart.
+void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& end,
+                   const std::vector<SegmentReading>& readings, QSize image) {
+    constexpr std::size_t mostParts = 5;
+    if (!isPlace(end.text) && !isBarePostcode(end.text))
         return;
-    for (const SegmentReading& street : readings) {
-        if (isBelow(street, upper) && mayBeStreet(street.text))
-            appendForEach(lines, {whole(street), whole(upper), whole(lower)}, u", ", image);
+    std::vector<ReadingPart> parts{whole(end)};
+    while (parts.size() < mostParts) {
+        const SegmentReading& lower = parts.front().reading;
+        const auto upper = std::ranges::find_if(
+            readings, [&](const SegmentReading& reading) { return isBelow(reading, lower); });
+        if (upper == readings.end() || goesOnInText(upper->text, lower.text))
+            return;
+        std::vector<ReadingPart> longer{whole(*upper)};
+        for (const ReadingPart& part : parts)
+            longer.push_back({part.reading, part.range});
+        parts = std::move(longer);
+        if (mayBeStreet(upper->text))
+            return appendForEach(lines, parts, u", ", image);
+        if (!isTown(upper->text))
+            return;
     }
 }
 
@@ -284,9 +301,8 @@ void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<Segme
                 appendForEach(lines, {whole(upper), whole(lower)}, u" ", image);
             else if (isWrapped(upper, lower))
                 appendWrapped(lines, fewWords(upper, End::last), fewWords(lower, End::first), image);
-            if (!goesOnInText(upper.text, lower.text))
-                appendAddress(lines, upper, lower, readings, image);
         }
+        appendAddress(lines, lower, readings, image);
     }
 }
 

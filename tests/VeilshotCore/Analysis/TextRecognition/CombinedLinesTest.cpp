@@ -91,6 +91,10 @@ TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
                          evenReading(u"ST4 3ZQ"_s, postcode)},
                         street),
               Texts{"210 Lower Marsh, Stoke-on-Trent, ST4 3ZQ"});
+    EXPECT_EQ(linesWith({evenReading(u"12 Mama Ngina Way"_s, street), evenReading(u"Lavington"_s, town),
+                         evenReading(u"Nairobi 00100"_s, postcode)},
+                        town),
+              Texts{"12 Mama Ngina Way, Lavington, Nairobi 00100"});
     EXPECT_EQ(linesWith({evenReading(u"Anna Lund"_s, street), evenReading(u"3400 Hillerød"_s, town)}, town),
               Texts{});
 }
