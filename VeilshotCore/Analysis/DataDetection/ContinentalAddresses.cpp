@@ -148,9 +148,10 @@ QString streetBeforeFloor() {
            uR"(\s+\d{1,4}\s?[A-Z]?\s?[,.]\s*)"_s + floorWithSide();
 }
 
-/// "Ved Stranden 12".
+/// "Ved Stranden 12", "bor i Hyldespjældet 44".
 QString streetByItsPlace() {
-    return beforeName() + uR"((?:Ved|Bag|Under|Langs|Mellem)\s+\p{Lu}\p{Ll}{1,20}(?:en|et|ne)\s+)"_s +
+    return beforeName() +
+           uR"((?:(?:Ved|Bag|Under|Langs|Mellem)\s+\p{Lu}\p{Ll}{1,20}|(?<=\b(?:i|på|til|fra)\s)\p{Lu}\p{Ll}{4,20})(?:en|et|ne)\s+)"_s +
            nordicNumber;
 }
 

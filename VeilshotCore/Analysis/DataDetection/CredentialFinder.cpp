@@ -17,7 +17,7 @@ using enum RegularExpression::CaseSensitivity;
 
 /// What says that a secret follows. "Tokens: 512" counts something.
 const QString secretLabel =
-    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|guest)\s+pass|wi-?fi\s+(?:pass|voucher|key|code|kode)|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
+    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?<!\p{L})(?:pw(?!\p{L})|pass(?=\s?[:=])|kode(?=\s?[:=]|\ser\s))|(?:temporary|one-time|guest)\s+pass|wi-?fi\s+(?:pass|voucher|key|code|kode)|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
     uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?|auth(?:[oe]\w{4,9})?[ -]?[ck]ode)"
     uR"(|kodeord|adgangskode|pinkode|engangskode|nøgle))"_s;
 
@@ -49,6 +49,9 @@ struct Expressions {
     RegularExpression codeOfThing{
         uR"((?<!\p{L})(?:pass(?:word|code)|code|kode|adgangskode)\s(?:for|to|til)\s[^.,:;]{2,40}?\s(?:is|er)\s([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().]))"};
     RegularExpression user{uR"((?<!\S)(?:-u|--user)[ =]["'“]?[\w.@-]{1,40}:([^\s"'”]{4,}))"};
+    /// Of words only: "password is heron-lake-otter", "password: “orange bicycle window”".
+    RegularExpression words{
+        uR"((?<!\p{L})(?:pass(?:word|phrase|code)|adgangskode|kodeord)(?:[:=]\s?|\s?=\s?|\s(?:is|er)[:\s]\s?)(?:["'“‘](\p{L}{3,12}(?:[ -]\p{L}{3,12}){2,11})["'”’]|(\p{L}{3,12}(?:-\p{L}{3,12}){2,6})(?![\w-])))"};
     /// Where nothing else stands: the codes of a list, of which only the first stands below the label.
     RegularExpression codeAlone{uR"(^\s*([a-z\dO]{4}-[a-z\dO]{4}|[a-z\dO]{5}-[a-z\dO]{5})\s*$)", sensitive};
     /// Words joined by signs, a blank beside one of them: "tundra! Copper -92-lilac".
@@ -154,6 +157,7 @@ TextRange grown(QStringView line, TextRange credential) {
     constexpr int fewestBreaks = 2;
     constexpr qsizetype shortestPiece = 4;
     constexpr qsizetype pieceBeforeReach = 24;
+    constexpr qsizetype shortestRow = 40;
     static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
     const qsizetype from = std::max<qsizetype>(0, credential.location - pieceBeforeReach);
     if (const auto before = pieceBefore.firstMatch(line.sliced(from, credential.location - from))) {
@@ -166,9 +170,13 @@ TextRange grown(QStringView line, TextRange credential) {
         const auto next = piece.matchAt(line, credential.end());
         if (!next || next->groups[0].length < shortestPiece ||
             breaks(line.sliced(next->groups[0].location, next->groups[0].length)) < fewestBreaks)
-            return credential;
+            break;
         credential.length = next->range.end() - credential.location;
     }
+    // All of a long one up to the next blank: a row of a key in several rows.
+    static const RegularExpression rest(uR"([^\s"'”“<>()\[\]{},;]{1,60})");
+    const auto end = credential.length >= shortestRow ? rest.matchAt(line, credential.end()) : std::nullopt;
+    return end ? TextRange{credential.location, end->range.end() - credential.location} : credential;
 }
 
 /// A signed token is long and has every sign there is: it goes on over blanks and all signs, past a stray one
@@ -294,6 +302,8 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
                 add(secret);
         }
     };
+    for (const auto& match : expressions.words.matches(line))
+        add(match.groups[0].location >= 0 ? match.groups[0] : match.groups[1]);
     for (const RegularExpression* expression :
          {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.codeOfThing,
           &expressions.user})

@@ -184,6 +184,10 @@ public:
         const auto topic = m_topics[index];
         return topic && (m_hasAddresses || (topic != LabelTopic::town && topic != LabelTopic::state));
     }
+    bool isOfNumber(std::size_t index) const {
+        const auto topic = m_topics[index];
+        return topic == LabelTopic::birth || topic == LabelTopic::number || topic == LabelTopic::postcode;
+    }
     /// Whether the text may stand beside or below one: not the label of the next.
     bool mayBeValue(const SegmentReading& reading, std::size_t index) const {
         return !reading.text.isEmpty() && !reading.text.endsWith(u':') && !m_topics[index];
@@ -204,13 +208,28 @@ private:
 
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
                            const Labels& labels, const std::vector<std::size_t>& column, QSize image) {
-    if (!labels.isOfDetail(column.front()))
+    if (!labels.isOfDetail(column.front()) || labels.isOfNumber(column.front()))
         return;
     const SegmentReading& header = readings[column.front()];
     for (const std::size_t cell : std::span(column).subspan(1)) {
         const SegmentReading& value = readings[cell];
         if (!isBelow(header, value) && labels.mayBeValue(value, cell)) // or it is told already
             appendForEach(lines, {withoutColon(header), whole(value)}, u"\t", image);
+    }
+}
+
+/// Numbers in rows of any height, as far as every cell has digits.
+void appendColumnOfNumbers(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                           const Labels& labels, std::size_t header, QSize image) {
+    static const RegularExpression digits(uR"(\d.*\d)");
+    if (!labels.isOfNumber(header))
+        return;
+    for (const std::size_t cell : cellsBelow(header, readings)) {
+        const SegmentReading& value = readings[cell];
+        if (!labels.mayBeValue(value, cell) || !digits.hasMatch(value.text))
+            break;
+        if (!isBelow(readings[header], value)) // or it is told already
+            appendForEach(lines, {withoutColon(readings[header]), whole(value)}, u"\t", image);
     }
 }
 
@@ -338,8 +357,10 @@ std::vector<RecognizedLine> combinedLines(const std::vector<SegmentReading>& rea
     const std::vector<std::vector<std::size_t>> columns = columnsOf(readings);
     std::vector<RecognizedLine> lines;
     const Labels labels(readings);
-    for (std::size_t label = 0; label < readings.size(); ++label)
+    for (std::size_t label = 0; label < readings.size(); ++label) {
         appendLabelled(lines, readings, labels, label, image);
+        appendColumnOfNumbers(lines, readings, labels, label, image);
+    }
     for (const std::vector<std::size_t>& column : columns)
         appendColumnOfDetails(lines, readings, labels, column, image);
     appendContinued(lines, readings, image);

@@ -58,8 +58,9 @@ TEST(PostalAddressFinder, FindsAddressesWithoutTheirBlanks) {
 TEST(PostalAddressFinder, FindsAddressesInsideALine) {
     expectFound<PostalAddressFinder>(
         {"Adr. [Fasanvænget 31, 5260 Odense S]", "[Kystvejen 55] – åbent til kl. 18",
-         "Bor på [Ahornvej 17] og arbejder på [Torvet 6].", "Meet at [233 S Wacker Dr] at noon",
-         "Home – [31 Maple Court, Salem, OR 97301]", "😀 (251) 644-7030 [7900 Broadway,St. Louis,MO63145]",
+         "hos Jytte i [Hyldespjældet 44]. Hun", "Bor på [Ahornvej 17] og arbejder på [Torvet 6].",
+         "Meet at [233 S Wacker Dr] at noon", "Home – [31 Maple Court, Salem, OR 97301]",
+         "😀 (251) 644-7030 [7900 Broadway,St. Louis,MO63145]",
          "+45 1 Pkwy [168 Commerce Pkwy,Suite236, Chattancog]: 125,00",
          "Site [Unit 4, Creekside Yard, Wivenhoe CO7 9ZD]", "Address line 2\t [Flat 2]",
          "[Unit 6C]\t│\tOregon\t│\tUnited States", "[3000 Helsingør]. Ring på hos Jensen",
