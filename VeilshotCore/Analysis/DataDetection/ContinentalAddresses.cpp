@@ -166,7 +166,7 @@ const QString notCounted =
 
 QString continentalAddress() {
     return beforeName() + notOtherWords + notCounted + u"(?:"_s + name() + uR"(\s+){0,3})"_s + name() +
-           uR"(\s+\d{1,4}\s?[A-Za-z]?(?:[-/]\d{1,3}){0,2})"_s +
+           uR"(\s+(?!(?:19|20)\d\d\b)\d{1,4}\s?[A-Za-z]?(?:[-/]\d{1,3}){0,2})"_s +
            optional(uR"(\s*,?\s*)"_s + anyOf({floor(), unit()})) + uR"(,\s*)"_s +
            anyOf(
                {notYear +

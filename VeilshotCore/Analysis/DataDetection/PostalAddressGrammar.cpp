@@ -87,7 +87,7 @@ PostalAddressGrammar::PostalAddressGrammar()
                    uR"()\s+(\p{Lu}[\p{L}'’\-]{1,30}+)(?:\s(\p{Lu}[\p{L}'’\-]{1,30}+))?)"_s)),
       placeBeforePostcode(compiled(
           uR"((?<![\w@.\-])(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(\p{Lu}[\p{L}'’.\-]{1,20}),?\s(?:[-–]\s)?)"
-          uR"((\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{4,7})(?![\w\-]|[.,]\d))"_s)),
+          uR"((\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{4,7})(?![\w\-]|[.,]\d| \p{Ll}{4}))"_s)),
       continuations(compiled({floor(), unit()}, separatorOfUnit)),
       places(compiled(placePatterns(), separator)),
       area(compiled(uR"(\s*,\s*)"_s + city() + uR"((?=\s*,))"_s)),

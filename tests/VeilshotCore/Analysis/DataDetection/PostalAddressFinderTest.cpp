@@ -108,6 +108,8 @@ TEST(PostalAddressFinder, LeavesOtherNumberedThingsAlone) {
                                              "Town\tYears there",
                                              "Version 10, Build 22000",
                                              "Nelson 2024",
+                                             "Main Road 2024",
+                                             "Q3 2024, Revenue 12000",
                                              "zip\t2.4 MB"});
 }
 
