@@ -3,6 +3,7 @@
 #include "VeilshotCore/Analysis/ColumnLine.h"
 #include "VeilshotCore/Analysis/RegularExpression.h"
 #include "VeilshotCore/Analysis/TellingLabel.h"
+#include "VeilshotCore/Analysis/TextRecognition/DetailLabels.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPart.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPlacement.h"
 
@@ -164,50 +165,8 @@ bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
 }
 
-/// The labels of a picture. Those of a town and a state count only where other labels of addresses stand, for
-/// a table may list towns of which nothing else is said; that of the number of a house only beside the one of
-/// its street.
-class Labels {
-public:
-    explicit Labels(const std::vector<SegmentReading>& readings) {
-        for (const SegmentReading& reading : readings) {
-            const auto topic = m_topics.emplace_back(topicOfLabel(reading.text));
-            m_hasAddresses = m_hasAddresses || topic == LabelTopic::address || topic == LabelTopic::postcode;
-        }
-        for (std::size_t index = 0; index < readings.size(); ++index) {
-            if (m_topics[index] == LabelTopic::houseNumber && !isBesideStreet(index, readings))
-                m_topics[index].reset();
-        }
-    }
-
-    bool isOfDetail(std::size_t index) const {
-        const auto topic = m_topics[index];
-        return topic && (m_hasAddresses || (topic != LabelTopic::town && topic != LabelTopic::state));
-    }
-    bool isOfNumber(std::size_t index) const {
-        const auto topic = m_topics[index];
-        return topic == LabelTopic::birth || topic == LabelTopic::number || topic == LabelTopic::postcode;
-    }
-    /// Whether the text may stand beside or below one: not the label of the next.
-    bool mayBeValue(const SegmentReading& reading, std::size_t index) const {
-        return !reading.text.isEmpty() && !reading.text.endsWith(u':') && !m_topics[index];
-    }
-
-private:
-    bool isBesideStreet(std::size_t number, const std::vector<SegmentReading>& readings) const {
-        for (std::size_t index = 0; index < readings.size(); ++index) {
-            if (m_topics[index] == LabelTopic::address && isFarBeside(readings[index], readings[number]))
-                return true;
-        }
-        return false;
-    }
-
-    std::vector<std::optional<LabelTopic>> m_topics;
-    bool m_hasAddresses = false;
-};
-
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                           const Labels& labels, const std::vector<std::size_t>& column, QSize image) {
+                           const DetailLabels& labels, const std::vector<std::size_t>& column, QSize image) {
     if (!labels.isOfDetail(column.front()) || labels.isOfNumber(column.front()))
         return;
     const SegmentReading& header = readings[column.front()];
@@ -220,7 +179,7 @@ void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector
 
 /// Numbers in rows of any height, as far as every cell has digits.
 void appendColumnOfNumbers(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                           const Labels& labels, std::size_t header, QSize image) {
+                           const DetailLabels& labels, std::size_t header, QSize image) {
     static const RegularExpression digits(uR"(\d.*\d)");
     if (!labels.isOfNumber(header))
         return;
@@ -234,7 +193,7 @@ void appendColumnOfNumbers(std::vector<RecognizedLine>& lines, const std::vector
 }
 
 void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                    const Labels& labels, std::size_t labelIndex, QSize image) {
+                    const DetailLabels& labels, std::size_t labelIndex, QSize image) {
     const SegmentReading& label = readings[labelIndex];
     const bool isPerson = isLabelOfPerson(label.text);
     if (!isPerson && !labels.isOfDetail(labelIndex))
@@ -356,7 +315,7 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
 std::vector<RecognizedLine> combinedLines(const std::vector<SegmentReading>& readings, QSize image) {
     const std::vector<std::vector<std::size_t>> columns = columnsOf(readings);
     std::vector<RecognizedLine> lines;
-    const Labels labels(readings);
+    const DetailLabels labels(readings);
     for (std::size_t label = 0; label < readings.size(); ++label) {
         appendLabelled(lines, readings, labels, label, image);
         appendColumnOfNumbers(lines, readings, labels, label, image);
