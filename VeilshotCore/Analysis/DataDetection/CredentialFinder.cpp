@@ -90,7 +90,7 @@ struct Expressions {
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
-        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|dør|port|alarm)kode|kode|kontrolcifre))"
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|koden?|kontrolcifre))"
         uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
     RegularExpression codeToEnter{
         uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};

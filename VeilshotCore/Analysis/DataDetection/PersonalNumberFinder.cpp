@@ -33,8 +33,8 @@ const QString number =
 struct Expressions {
     /// Group 1 of each is the date or the number.
     RegularExpression afterWord{
-        uR"((?<![\p{L}])(?:born|birth(?:day|date)?|date of birth|d\.?o\.?b\.?|født|)"
-        uR"(fødselsda(?:g|to)|fødd|född|födelsedatum|geboren|geburtsdatum|geboortedatum|date de naissance|née?|fecha de nacimiento|data di nascita)(?![\p{L}])[^\d\p{L}]{0,4}(?:(?:on|den|d\.)\s)?)"_s +
+        uR"((?<![\p{L}])(?:born|birth(?:day|date)?|date of birth|d\.?o\.?b\.?|f[øo]dt|)"
+        uR"(f[øo]dselsda(?:g|to)|fødd|född|födelsedatum|geboren|geburtsdatum|geboortedatum|date de naissance|née?|fecha de nacimiento|data di nascita)(?![\p{L}])[^\d\p{L}]{0,4}(?:(?:on|den|d\.)\s)?)"_s +
         u'(' + date + uR"()(?!\d))"_s};
     RegularExpression withAge{u"(?<!\\d)("_s + date +
                               uR"()\s?\((?:age[d]?\s)?\d{1,3}(?:\s?(?:years|yrs|y/o|år)\b|\)))"_s};
@@ -100,7 +100,7 @@ struct Expressions {
         uR"((?<![\d./-])([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"};
     RegularExpression account{
         uR"((?<!\w)((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
-        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?|[A-Z\dOlI]{4}(?: \d{4}){5,7}(?: \d{1,3})?)(?!\w))",
+        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?|[A-Z\dOlI]{4}(?: \d{4}){5,7}(?: \d{1,3})?|(?=\d{0,3}[A-Zl])[A-Z\dOlI]{4}(?: \d{4}){3} \d\d(?! ?\d))(?!\w))",
         RegularExpression::CaseSensitivity::sensitive};
 
     static const Expressions& shared() {
