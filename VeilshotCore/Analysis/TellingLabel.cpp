@@ -56,8 +56,9 @@ const QString houseNumber = uR"((?:house )?(?:n[or]|number|nummer|num|nº|n°)\.
 const QString postcode =
     uR"((?:post|postal|zip)[ -]?codes?|zip|eircode|plz|cep|post ?(?:nr|nummer|no)|apt|apartment|unit|suite|flat|etage|husn(?:umme)?r|lejlighed)"_s;
 
-/// A label says what it is for in front and remarks on it behind: "Guest’s passport no. (optional)". What may
-/// be too much in front of "by" or "token", is in front of those for which it is a matter of course.
+/// A label says whose the detail is in front and remarks on it behind: "Guest’s passport no. (optional)". In
+/// front of the parts of an address only what addresses are for: "Posted by" is no town. One group for each
+/// LabelTopic, in their order.
 RegularExpression makeLabelOfDetail() {
     const QString ofWhom = uR"((?:[\p{L}’'.-]{1,20} ){0,2}?)"_s;
     const QString ofWhat = u"(?:(?:billing|shipping|delivery|home|leverings|faktura)[ -]?)?"_s;
