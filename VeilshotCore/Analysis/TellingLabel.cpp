@@ -13,15 +13,17 @@ namespace {
 constexpr qsizetype longestLabel = 32;
 constexpr qsizetype longestLabelOfDetail = 48;
 
-const QString birth = uR"((?:date of )?birth(?: ?da(?:y|te))?|born|d\.?o\.?b\.?|født|fødselsda(?:g|to))"_s;
+const QString birth =
+    uR"((?:date of )?birth(?: ?da(?:y|te))?|born|d\.?o\.?b\.?|f[øo]dt|f[øo]dselsda(?:g|to))"
+    uR"(|fødd|född|födelsedatum|geboren|geburtsdatum|geboortedatum|date de naissance|née?|fecha de nacimiento|data di nascita)"_s;
 
 /// Papers and numbers of which the word alone says whose they are. Not a bare "ID", which everything has.
 const QString document =
-    uR"(passport|pas|reisepass|(?:identity |travel )?document|driv\w{1,6}['’]?s?[- ]licen[cs]e|licen[cs]e|kørekort|(?:national |personal )?id(?:entity)?[- ]?(?:card|kort))"
+    uR"(passport|pas|reisepass|(?:identity |travel )?document|driv\w{1,6}['’]?s?[- ]licen[cs]e|licen[cs]e|k[øo]rekort|(?:national |personal )?id(?:entity)?[- ]?(?:card|kort))"
     uR"(|(?:national|personal) (?:id(?:entity)?|insurance|registration)|residen(?:ce|t) (?:permit|card)|opholds(?:kort|tilladelse)|work permit)"
     uR"(|green card|social (?:security|insurance)|health card|sundhedskort|sygesikring\w{0,6}|medicare|s\.?s\.?n|itin|nino|a-number|uscis|tfn|crn|ucas)"
     uR"(|ppsn?|nhs|nric|hkid|aadhaar|cpf|curp|dni|nie|pesel|bsn|ahv|hetu|bvn|codice fiscale|personalausweis|steuer-?id|cpr)"
-    uR"(|person(?:nummer|nr)|fødselsnummer|kennitala|henkilötunnus|mrn|kra pin|known travell?er|redress)"
+    uR"(|person(?:nummer|nr)|f[øo]dselsnummer|kennitala|henkilötunnus|mrn|kra pin|known travell?er|redress)"
     uR"(|(?:reisepass|ausweis|sozialversicherungs|versicherten|steuer|matrikel)-?(?:nummer|nr)|passeport|pasaporte|passaporto|carte d['’]identité)"
     uR"(|sécurité sociale|numéro fiscal|seguro social|cédula|körkort|førerkort|(?:vehicle )?registration(?: mark)?|nummerplade)"_s;
 /// What may have one.
@@ -37,15 +39,15 @@ const QString branch = uR"(reg(?:istrerings)?[. -]{0,2}(?:nr|nummer|no)?\.?|sort
 
 const QString secret =
     uR"(pass(?:word|code|phrase|wd)?s?|pwd|secrets?|secret (?:key|word)s?|(?:security|secret|memorable) (?:answer|word|place|date)|sikkerhedssvar|(?:\w{2,10} )?tokens?|(?:pin|puk|otp|cvv2?|cvc2?)(?:[- ]?(?:codes?|koder?))?|psk)"
-    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre-?shared|network|security|wi-?fi|wlan|wpa[23]?|master)[ -](?:key|phrase|voucher|code)s?)"
+    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre-?shared|network|security|wi-?fi|wlan|wpa[23]?|master|setup|manual|authenticator)[ -](?:key|phrase|voucher|code)s?)"
     uR"(|(?:security|access|door|gate|entry|alarm|lock ?box|key ?safe|verification|log-?in|sign-?in|one-time|backup|recovery|reset|authentication)"
     uR"(|confirmation|unlock|2fa|mfa|safe|key ?box)[ -](?:pin[ -])?(?:code|password|passcode)s?|(?:seed|recovery|backup|secret) (?:phrase|words))"
     uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|d[øo]r|port|alarm|gendannelses|backup|nød|bekræftelses|låge|wifi-)(?:koder?|nøgler?))"
-    uR"(|kontrolcifre|\p{L}{0,12}nøgler?)"_s;
+    uR"(|kontrolcifre|\p{L}{0,12}n[øo]gler?)"_s;
 
 const QString address =
     uR"((?:(?:street|home|postal|mailing|delivery|shipping|billing|residential|permanent|current|visiting|residence) ?)?address(?:es)?(?:[ -]?line)?(?: ?[1-4])?)"
-    uR"(|street(?: ?(?:name|number|no|line))?(?: ?[1-4])?|(?:house|building) name|p\.?o\.? ?box|(?:(?:leverings|faktura|hjemme|privat|post|folkeregister|bopæls|fragt)?adresser?(?:linje)?)(?: ?[1-4])?|bopæl)"
+    uR"(|street(?: ?(?:name|number|no|line))?(?: ?[1-4])?|(?:house|building) name|p\.?o\.? ?box|(?:(?:leverings|faktura|hjemme|privat|post|folkeregister|bopæls|fragt)?adresser?(?:linje)?)(?: ?[1-4])?|bop(?:æ|ae?|e)l)"
     uR"(|(?:gade|vej)(?:navn)?|stra(?:ß|ss)e|rue|calle|via)"_s;
 const QString town =
     uR"((?:post ?|postal )?town|(?:home )?city|suburb|village|locality|by|bynavn|postby|postdistrikt|stadt?|ort|ville|ciudad)"_s;
@@ -54,8 +56,9 @@ const QString houseNumber = uR"((?:house )?(?:n[or]|number|nummer|num|nº|n°)\.
 const QString postcode =
     uR"((?:post|postal|zip)[ -]?codes?|zip|eircode|plz|cep|post ?(?:nr|nummer|no)|apt|apartment|unit|suite|flat|etage|husn(?:umme)?r|lejlighed)"_s;
 
-/// A label says what it is for in front and remarks on it behind: "Guest’s passport no. (optional)". What may
-/// be too much in front of "by" or "token", is in front of those for which it is a matter of course.
+/// A label says whose the detail is in front and remarks on it behind: "Guest’s passport no. (optional)". In
+/// front of the parts of an address only what addresses are for: "Posted by" is no town. One group for each
+/// LabelTopic, in their order.
 RegularExpression makeLabelOfDetail() {
     const QString ofWhom = uR"((?:[\p{L}’'.-]{1,20} ){0,2}?)"_s;
     const QString ofWhat = u"(?:(?:billing|shipping|delivery|home|leverings|faktura)[ -]?)?"_s;

@@ -31,7 +31,7 @@ inline bool isLabelOfDetail(QStringView text) {
 /// An expression without groups for labels of somebody's numbers within a line. Ignores case by itself.
 QString labelOfNumber();
 
-/// A line that is a label and its value, a tab between them.
+/// A line that is a label and its value, a tab or a colon with a blank between them.
 struct LabelledValue {
     LabelTopic topic;
     TextRange value; ///< without the blanks around it, not empty

@@ -99,7 +99,7 @@ const QString streetEnding =
     u"mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
     u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|stra[ßbB]e"
-    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|braut|(?<=\\p{L}{3})(?:singel|dijk|plantsoen|pad|steeg|dreef)|chaussee|twiete|stigen|backen|haugen|svingen|vegen|polku|kuja|aukio|(?<=[a-zäö]{3}n)tie"_s;
+    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|braut|singel|dijk|chaussee|stigen|backen|haugen|vegen|polku|kuja|(?<=[a-zäö]{3}n)tie"_s;
 /// Not after one or two letters: Palle and Kalle are people.
 const QString avenueEnding = uR"((?<=[\w'’.\-]{3})all[eé]e?n?)"_s;
 const QString streetWord =
@@ -148,9 +148,10 @@ QString streetBeforeFloor() {
            uR"(\s+\d{1,4}\s?[A-Z]?\s?[,.]\s*)"_s + floorWithSide();
 }
 
-/// "Ved Stranden 12".
+/// "Ved Stranden 12", "bor i Hyldespjældet 44".
 QString streetByItsPlace() {
-    return beforeName() + uR"((?:Ved|Bag|Under|Langs|Mellem)\s+\p{Lu}\p{Ll}{1,20}(?:en|et|ne)\s+)"_s +
+    return beforeName() +
+           uR"((?:(?:Ved|Bag|Under|Langs|Mellem)\s+\p{Lu}\p{Ll}{1,20}|(?<=\b(?:i|på|til|fra)\s)\p{Lu}\p{Ll}{4,20})(?:en|et|ne)\s+)"_s +
            nordicNumber;
 }
 
@@ -163,18 +164,15 @@ const QString notCounted =
     uR"(|version|build|article|item|rule|model|invoice|order|ticket|windows|ios|android|macos|iphone|galaxy|season|episode|volume|issue)"
     uR"(|week|day|round|group|team|kapitel|kolonne|side|figur|tabel|afsnit|trin|faktura|ordre|uge|dag|hold)\s\d)))"_s;
 
-/// "Dizengoff 141, Tel Aviv 6346101".
-QString streetBeforeCityAndPostcode() {
-    return beforeName() + notOtherWords + notCounted + u"(?:"_s + name() + uR"(\s+){0,3})"_s + name() +
-           uR"(\s+\d{1,4}\s?[A-Za-z]?(?:/\d{1,3})?,\s*)"_s + city() + uR"(,?\s+\d{5,7}(?![\w-]))"_s;
-}
-
 QString continentalAddress() {
     return beforeName() + notOtherWords + notCounted + u"(?:"_s + name() + uR"(\s+){0,3})"_s + name() +
-           uR"(\s+\d{1,3}\s?[A-Za-z]?(?:/\d{1,3})?)"_s +
-           optional(uR"(\s*,?\s*)"_s + anyOf({floor(), unit()})) + uR"(,\s*)"_s + notYear +
-           anyOf({uR"(\d{6,7})"_s, continentalPostcode(), swedishPostcode(), hyphenatedPostcode()}) +
-           uR"(\s+)"_s + city();
+           uR"(\s+(?!(?:19|20)\d\d\b)\d{1,4}\s?[A-Za-z]?(?:[-/]\d{1,3}){0,2})"_s +
+           optional(uR"(\s*,?\s*)"_s + anyOf({floor(), unit()})) + uR"(,\s*)"_s +
+           anyOf(
+               {notYear +
+                    anyOf({uR"(\d{6,7})"_s, continentalPostcode(), swedishPostcode(), hyphenatedPostcode()}) +
+                    uR"(\s+)"_s + city(),
+                city() + uR"(,?\s+\d{5,7}(?![\w-]))"_s});
 }
 
 } // namespace
@@ -187,7 +185,6 @@ QStringList continentalAddresses() {
             streetBeforeItsType(),
             vietnameseStreet(),
             plot(),
-            streetBeforeCityAndPostcode(),
             koreanStreet(),
             nordicStreet(),
             nordicStreetOfWords(),

@@ -17,7 +17,7 @@ using enum RegularExpression::CaseSensitivity;
 
 /// What says that a secret follows. "Tokens: 512" counts something.
 const QString secretLabel =
-    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|guest)\s+pass|wi-?fi\s+(?:pass|voucher|key|code|kode)|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
+    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?<!\p{L})(?:pw(?!\p{L})|pass(?=\s?[:=])|kode(?=\s?[:=]|\ser\s))|(?:temporary|one-time|guest)\s+pass|wi-?fi\s+(?:pass|voucher|key|code|kode)|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
     uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?|auth(?:[oe]\w{4,9})?[ -]?[ck]ode)"
     uR"(|kodeord|adgangskode|pinkode|engangskode|nøgle))"_s;
 
@@ -49,6 +49,9 @@ struct Expressions {
     RegularExpression codeOfThing{
         uR"((?<!\p{L})(?:pass(?:word|code)|code|kode|adgangskode)\s(?:for|to|til)\s[^.,:;]{2,40}?\s(?:is|er)\s([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().]))"};
     RegularExpression user{uR"((?<!\S)(?:-u|--user)[ =]["'“]?[\w.@-]{1,40}:([^\s"'”]{4,}))"};
+    /// Of words only: "password is heron-lake-otter", "password: “orange bicycle window”".
+    RegularExpression words{
+        uR"((?<!\p{L})(?:pass(?:word|phrase|code)|adgangskode|kodeord)(?:[:=]\s?|\s?=\s?|\s(?:is|er)[:\s]\s?)(?:["'“‘](\p{L}{3,12}(?:[ -]\p{L}{3,12}){2,11})["'”’]|(\p{L}{3,12}(?:-\p{L}{3,12}){2,6})(?![\w-])))"};
     /// Where nothing else stands: the codes of a list, of which only the first stands below the label.
     RegularExpression codeAlone{uR"(^\s*([a-z\dO]{4}-[a-z\dO]{4}|[a-z\dO]{5}-[a-z\dO]{5})\s*$)", sensitive};
     /// Words joined by signs, a blank beside one of them: "tundra! Copper -92-lilac".
@@ -79,11 +82,15 @@ struct Expressions {
     RegularExpression groups{
         uR"((?:recovery|backup|activation|licen[cs]e|product)\s?(?:codes?|keys?)\s*[:\t]?\s*)"_s + u'(' +
         hyphenatedCode + uR"((?:[\s,]{1,2})"_s + hyphenatedCode + uR"()*))"_s};
+    /// "JBSW Y3DP EHPK 3PXP"
+    RegularExpression authenticatorKey{
+        uR"((?<!\w)((?=(?:[A-Z2-7]{4} )*[A-Z2-7]{0,3}(?:[2-7][A-Z]|[A-Z][2-7]))(?=(?:[A-Z2-7]{4} )*\d{0,3}[A-Z]{2})[A-Z2-7]{4}(?: [A-Z2-7]{4}){3,12})(?!\w))",
+        sensitive};
     RegularExpression hyphenated{uR"((?<![\w-])[A-Z\d]{4}(?:-[A-Z\d]{4}){2,5}(?![\w-]))", sensitive};
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
-        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|dør|port|alarm)kode|kode|kontrolcifre))"
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|koden?|kontrolcifre))"
         uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
     RegularExpression codeToEnter{
         uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};
@@ -150,6 +157,7 @@ TextRange grown(QStringView line, TextRange credential) {
     constexpr int fewestBreaks = 2;
     constexpr qsizetype shortestPiece = 4;
     constexpr qsizetype pieceBeforeReach = 24;
+    constexpr qsizetype shortestRow = 40;
     static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
     const qsizetype from = std::max<qsizetype>(0, credential.location - pieceBeforeReach);
     if (const auto before = pieceBefore.firstMatch(line.sliced(from, credential.location - from))) {
@@ -162,9 +170,13 @@ TextRange grown(QStringView line, TextRange credential) {
         const auto next = piece.matchAt(line, credential.end());
         if (!next || next->groups[0].length < shortestPiece ||
             breaks(line.sliced(next->groups[0].location, next->groups[0].length)) < fewestBreaks)
-            return credential;
+            break;
         credential.length = next->range.end() - credential.location;
     }
+    // All of a long one up to the next blank: a row of a key in several rows.
+    static const RegularExpression rest(uR"([^\s"'”“<>()\[\]{},;]{1,60})");
+    const auto end = credential.length >= shortestRow ? rest.matchAt(line, credential.end()) : std::nullopt;
+    return end ? TextRange{credential.location, end->range.end() - credential.location} : credential;
 }
 
 /// A signed token is long and has every sign there is: it goes on over blanks and all signs, past a stray one
@@ -250,9 +262,12 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
     }
     if (const auto secret = secretInCell(line))
         add(*secret);
+    const bool hasDigit = Composition(line).digits > 0;
     for (const RegularExpression* expression :
          {&expressions.code, &expressions.codeBefore, &expressions.codeToEnter, &expressions.door,
-          &expressions.wordsWithNumber}) {
+          &expressions.wordsWithNumber, &expressions.authenticatorKey}) {
+        if (!hasDigit)
+            break;
         for (const auto& match : expression->matches(line))
             add(match.groups[0]);
     }
@@ -279,16 +294,23 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         endOfToken = token.end();
         add(token);
     }
-    for (const RegularExpression* expression :
-         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.torn,
-          &expressions.quoted, &expressions.codeOfThing, &expressions.user}) {
-        for (const auto& match : expression->matches(line)) {
+    const auto addChosen = [&](const RegularExpression& expression, int fewestDigits) {
+        for (const auto& match : expression.matches(line)) {
             const TextRange secret = match.groups[0];
             const QStringView text = line.sliced(secret.location, secret.length);
-            if (isChosen(text) && ((expression != &expressions.torn && expression != &expressions.quoted) ||
-                                   Composition(text).digits > 0))
+            if (isChosen(text) && Composition(text).digits >= fewestDigits)
                 add(secret);
         }
+    };
+    for (const auto& match : expressions.words.matches(line))
+        add(match.groups[0].location >= 0 ? match.groups[0] : match.groups[1]);
+    for (const RegularExpression* expression :
+         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.codeOfThing,
+          &expressions.user})
+        addChosen(*expression, 0);
+    if (hasDigit) {
+        addChosen(expressions.torn, 1);
+        addChosen(expressions.quoted, 1);
     }
     for (const TextRange range : expressions.run.ranges(line)) {
         if (isRandom(line.sliced(range.location, range.length)))

@@ -136,7 +136,7 @@ QString numberBehindStreet() {
     const QString types = uR"((?:Street|St\.?|Avenue|Ave\.?|Boulevard|Blvd\.?|Road|Rd\.?|Lane|Square)\s+)"_s;
     return anyOf(
         {beforeName() + u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s + types +
-             uR"(\d{1,4}[A-Za-z]?(?:/\d{1,3})?(?=\s*(?:,\s*\p{Lu}|$|\t)))"_s,
+             uR"((?!(?:19|20)\d\d\b)\d{1,4}[A-Za-z]?(?:/\d{1,3})?(?=\s*(?:,\s*\p{Lu}|$|\t)))"_s,
          uR"((?<!\w)(?:Rural Route|R\.?R\.?|HC|PSC|CMR)\s?#?\s?\d{1,4},?\s(?:Box|Site)\s\d{1,5}(?!\w))"_s,
          uR"((?<!\w)(?:APO|FPO|DPO),?\s(?:AE|AP|AA)\s\d{5}(?!\d))"_s,
          uR"((?<!\w)(?:House|Villa|Office|Shop|Flat|Apartment|Apt|Plot|Block)\s(?:No\.?\s?)?\w{1,5},\s*(?:(?:Street|Road|Lane|Block|Tower|Phase|Sector)\s\w{1,4}|\d{1,2}/F),\s*)"_s +

@@ -33,8 +33,8 @@ const QString number =
 struct Expressions {
     /// Group 1 of each is the date or the number.
     RegularExpression afterWord{
-        uR"((?<![\p{L}])(?:born|birth(?:day|date)?|date of birth|d\.?o\.?b\.?|født|)"
-        uR"(fødselsda(?:g|to)|fødd|geboren|née?)(?![\p{L}])[^\d\p{L}]{0,4}(?:(?:on|den|d\.)\s)?)"_s +
+        uR"((?<![\p{L}])(?:born|birth(?:day|date)?|date of birth|d\.?o\.?b\.?|f[øo]dt|)"
+        uR"(f[øo]dselsda(?:g|to)|fødd|född|födelsedatum|geboren|geburtsdatum|geboortedatum|date de naissance|née?|fecha de nacimiento|data di nascita)(?![\p{L}])[^\d\p{L}]{0,4}(?:(?:on|den|d\.)\s)?)"_s +
         u'(' + date + uR"()(?!\d))"_s};
     RegularExpression withAge{u"(?<!\\d)("_s + date +
                               uR"()\s?\((?:age[d]?\s)?\d{1,3}(?:\s?(?:years|yrs|y/o|år)\b|\)))"_s};
@@ -52,6 +52,12 @@ struct Expressions {
     RegularExpression labelled{uR"((?<![\p{L}\p{N}]))"_s + labelOfNumber() +
                                    uR"(\s?[.:#=–-]{0,2}\s?(?:(?:is|er|no|nr)\b\.?\s)?)"_s + number,
                                RegularExpression::CaseSensitivity::sensitive};
+    /// Of a date of birth, however it is written.
+    RegularExpression cellOfBirth{
+        uR"(^(?=(?:.*?\d){2})(?=(?:.*?\d){6}|.*(?:jan|feb|mar|apr|ma[jy]|ju[nl]|aug|sep|o[kc]t|nov|de[cz]))[\p{L}\d .,/'’-]{5,22}(?:\s?\([^()]{1,14}\))?$)"};
+    /// The lines at the foot of a passport.
+    RegularExpression machineReadable{uR"((?<!\S)((?=[^\s]*[<«]{2})(?=[^\s]*[A-Z]{2})[A-Z\d<«]{18,})(?!\S))",
+                                      RegularExpression::CaseSensitivity::sensitive};
     RegularExpression numberInCell{uR"(^(?:[^\p{L}\p{N}$]{0,3}))"_s + number + uR"((?![\p{L}\d%]|[.,]\d))"_s,
                                    RegularExpression::CaseSensitivity::sensitive};
     /// And so misread that it hardly looks like one.
@@ -74,7 +80,7 @@ struct Expressions {
 
     /// A passport or a licence, or what is as long as one, but neither a ticket nor an order.
     RegularExpression lettered{
-        uR"((?<![\w./-])(?!(?:INC|PO|SR|CHG|INV|REQ|SO|RMA|TKT|RITM|TASK|PRB|ORD|REF|WO|CR|BUG|FA|PR|ID|NO|NR|SKU|DKK|EUR|USD|GBP)\d))"
+        uR"((?<![\w./-])(?!(?:INC|PO|SR|CHG|INV|REQ|SO|RMA|TKT|RITM|TASK|PRB|ORD|REF|WO|CR|BUG|FA|KB|CVE|ISO|RFC|PR|ID|NO|NR|SKU|DKK|EUR|USD|GBP)\d))"
         uR"(([A-Z]{1,3}\d{7,9}[A-Z]?|[A-Z]{2,3}\d{6}|[\dO]\d[A-Z]{2}\s?\d{5}|(?=[A-Z\d]*\d[A-Z]{1,3}\d)(?=(?:[A-Z]*\d){3})(?=(?:\d*[A-Z]){3})[A-Z\d]{9})"
         uR"(|[A-Z]{1,2}(?!20\d\d-)(?=(?:-?\d){8})\d{2,5}(?:-\d{2,6}){1,4})(?![\w-]))",
         RegularExpression::CaseSensitivity::sensitive};
@@ -94,7 +100,7 @@ struct Expressions {
         uR"((?<![\d./-])([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"};
     RegularExpression account{
         uR"((?<!\w)((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
-        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?)(?!\w))",
+        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?|[A-Z\dOlI]{4}(?: \d{4}){5,7}(?: \d{1,3})?|(?=\d{0,3}[A-Zl])[A-Z\dOlI]{4}(?: \d{4}){3} \d\d(?! ?\d))(?!\w))",
         RegularExpression::CaseSensitivity::sensitive};
 
     static const Expressions& shared() {
@@ -103,10 +109,15 @@ struct Expressions {
     }
 };
 
+/// Of the number of a document.
+constexpr std::ptrdiff_t fewestDigits = 5;
+
+std::ptrdiff_t digitsIn(QStringView text) {
+    return std::ranges::count_if(text, [](QChar character) { return character.isDigit(); });
+}
+
 bool isNumber(QStringView text) {
-    constexpr std::ptrdiff_t fewestDigits = 5;
-    const auto digits = std::ranges::count_if(text, [](QChar character) { return character.isDigit(); });
-    return digits >= fewestDigits && !Expressions::shared().dateOrYear.hasMatch(text);
+    return digitsIn(text) >= fewestDigits && !Expressions::shared().dateOrYear.hasMatch(text);
 }
 
 /// The number in a cell beside its label, which may say more behind it: "LM482917 (expires 03/2031)".
@@ -121,10 +132,33 @@ std::optional<TextRange> numberInCell(QStringView line, TextRange cell) {
     return TextRange{cell.location + match->groups[0].location, match->groups[0].length};
 }
 
+/// What a label says to be a date of birth or the number of a document.
+std::vector<TextRange> labelledIn(QStringView line) {
+    const Expressions& expressions = Expressions::shared();
+    std::vector<TextRange> found;
+    if (const auto labelled = LabelledValue::of(line)) {
+        const QStringView value = line.sliced(labelled->value.location, labelled->value.length);
+        if (labelled->topic == LabelTopic::birth && expressions.cellOfBirth.hasMatch(value))
+            found.push_back(labelled->value);
+        if (labelled->topic == LabelTopic::number) {
+            if (const auto range = numberInCell(line, labelled->value))
+                found.push_back(*range);
+        }
+    }
+    if (digitsIn(line) < fewestDigits)
+        return found;
+    for (const auto& match : expressions.labelled.matches(line)) {
+        const TextRange range = match.groups[0];
+        if (isNumber(line.sliced(range.location, range.length)))
+            found.push_back(range);
+    }
+    return found;
+}
+
 } // namespace
 
 std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
-    if (std::ranges::none_of(line, [](QChar character) { return character.isDigit(); }))
+    if (digitsIn(line) == 0 && !line.contains(u"<<"))
         return {};
     const Expressions& expressions = Expressions::shared();
     std::vector<TextRange> found;
@@ -132,21 +166,13 @@ std::vector<TextRange> PersonalNumberFinder::find(QStringView line) const {
         if (std::ranges::none_of(found, [&](TextRange other) { return other.intersects(range); }))
             found.push_back(range);
     };
-    const auto labelled = LabelledValue::of(line);
-    if (labelled && labelled->topic == LabelTopic::number) {
-        if (const auto number = numberInCell(line, labelled->value))
-            add(*number);
-    }
-    for (const auto& match : expressions.labelled.matches(line)) {
-        const TextRange range = match.groups[0];
-        if (isNumber(line.sliced(range.location, range.length)))
-            add(range);
-    }
+    std::ranges::for_each(labelledIn(line), add);
     for (const RegularExpression* expression :
          {&expressions.afterWord, &expressions.withAge, &expressions.alone, &expressions.abbreviated,
           &expressions.inBrackets, &expressions.inDigits, &expressions.bank, &expressions.bankBeforeAccount,
-          &expressions.civil, &expressions.card, &expressions.account, &expressions.lettered,
-          &expressions.national, &expressions.sortCode, &expressions.britishInsurance}) {
+          &expressions.civil, &expressions.account, &expressions.card, &expressions.lettered,
+          &expressions.national, &expressions.machineReadable, &expressions.sortCode,
+          &expressions.britishInsurance}) {
         for (const auto& match : expression->matches(line))
             add(match.groups[0]);
     }

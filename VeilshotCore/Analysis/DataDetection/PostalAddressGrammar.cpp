@@ -70,9 +70,13 @@ QStringList placePatterns() {
 } // namespace
 
 PostalAddressGrammar::PostalAddressGrammar()
-    : anchors(compiled(englishAddresses() + continentalAddresses() +
-                       QStringList{postBox, uR"((?<=,\s)Dublin\s\d{1,2}W?(?!\w))"_s,
-                                   uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
+    : anchors(compiled(
+          englishAddresses() + continentalAddresses() +
+          QStringList{
+              postBox,
+              uR"((?<!\w)(?=[A-Z]{0,2}\d)(?<=(?i:\bzip code|\bpost ?code|\bpostal code|\bpostnr|\bpostnummer|\bplz)[:.]{0,2}\s)(?:\d{4,6}(?:-\d{3,4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2})(?![\w.,]\w))"_s,
+              uR"((?<=,\s)Dublin\s\d{1,2}W?(?!\w))"_s,
+              uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
       danishPlace(compiled(
           uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå](?:\w{1,3}\.|\w{1,40}+)))"_s +
           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s + uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
@@ -83,7 +87,7 @@ PostalAddressGrammar::PostalAddressGrammar()
                    uR"()\s+(\p{Lu}[\p{L}'’\-]{1,30}+)(?:\s(\p{Lu}[\p{L}'’\-]{1,30}+))?)"_s)),
       placeBeforePostcode(compiled(
           uR"((?<![\w@.\-])(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(\p{Lu}[\p{L}'’.\-]{1,20}),?\s(?:[-–]\s)?)"
-          uR"((\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{4,7})(?![\w\-]|[.,]\d))"_s)),
+          uR"((\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{4,7})(?![\w\-]|[.,]\d| \p{Ll}{4}))"_s)),
       continuations(compiled({floor(), unit()}, separatorOfUnit)),
       places(compiled(placePatterns(), separator)),
       area(compiled(uR"(\s*,\s*)"_s + city() + uR"((?=\s*,))"_s)),

@@ -3,6 +3,7 @@
 #include "VeilshotCore/Analysis/ColumnLine.h"
 #include "VeilshotCore/Analysis/RegularExpression.h"
 #include "VeilshotCore/Analysis/TellingLabel.h"
+#include "VeilshotCore/Analysis/TextRecognition/DetailLabels.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPart.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPlacement.h"
 
@@ -33,11 +34,11 @@ bool mayBeStreet(const QString& text) {
     return expression.hasMatch(text);
 }
 
-/// A town with its postcode.
+/// A town with its postcode, on either side.
 bool isPlace(const QString& text) {
     static const RegularExpression expression(
-        uR"(^(?:(?:[A-Z]{1,2}-)?(?:(?!19|20)\d{4}|(?:19|20)\d\d(?= Frederiksberg| København)|\d{5}|\d{3} \d{2}|\d{2}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
-        uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2},? \d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}))$)",
+        uR"(^(?:(?:[A-Z]{1,2}-)?(?:(?!19|20)\d{4}|(?:19|20)\d\d(?= Frederiksberg| København)|\d{5,7}|\d{3} \d{2,3}|\d{2}-\d{3}|\d{4,5}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
+        uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2,3},? )?(?:\d{5}(?:-\d{4})?|(?!19|20)\d{4}|\d{6,7}|\d{3} \d{3}|\d{3}-\d{4}|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|[A-Z]\d[A-Z] ?\d[A-Z]\d|[A-Z]\d[\dW] [A-Z\d]{4}))$)",
         sensitive);
     return expression.hasMatch(text);
 }
@@ -48,8 +49,9 @@ bool isTown(const QString& text) {
 }
 
 bool isBarePostcode(const QString& text) {
-    static const RegularExpression expression(uR"(^(?:\d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2})$)",
-                                              sensitive);
+    static const RegularExpression expression(
+        uR"(^(?:\d{5}(?:-\d{4})?|(?!19|20)\d{4}|\d{6,7}|\d{3} \d{2,3}|\d{3}-\d{4}|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|[A-Z]\d[A-Z] ?\d[A-Z]\d|[A-Z]\d[\dW] [A-Z\d]{4})$)",
+        sensitive);
     return expression.hasMatch(text);
 }
 
@@ -82,10 +84,14 @@ bool goesOnInText(const QString& upper, const QString& lower) {
     static const RegularExpression begunState(uR"(\d.*\p{L}, [A-Z]{2}$)", sensitive);
     static const RegularExpression postcode(uR"(^\d{5}(?![\d,.]?\d))");
     static const RegularExpression word(uR"(\p{L}{2})");
+    static const RegularExpression begunAccount(uR"(\b[A-Z]{2}\d{2}(?: [A-Z\d]{4}){0,6}$)", sensitive);
+    static const RegularExpression restOfAccount(uR"(^(?=[A-Z\d ]{0,6}\d)[A-Z\d]{4} [A-Z\d]{1,4})",
+                                                 sensitive);
     static const RegularExpression begunHouse(uR"(\p{Lu}\p{Ll}+$)", sensitive);
     static const RegularExpression restOfHouse(uR"(^\p{Lu}\p{Ll}+, \d{1,4}[A-Za-z]? \p{Lu}\p{Ll})",
                                                sensitive);
-    return (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
+    return (begunAccount.hasMatch(upper) && restOfAccount.hasMatch(lower)) ||
+           (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
            (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
            (begunPlace.hasMatch(upper) && town.hasMatch(lower)) ||
            (begunState.hasMatch(upper) && postcode.hasMatch(lower)) ||
@@ -159,47 +165,9 @@ bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
 }
 
-/// The labels of a picture. Those of a town and a state count only where other labels of addresses stand, for
-/// a table may list towns of which nothing else is said; that of the number of a house only beside the one of
-/// its street.
-class Labels {
-public:
-    explicit Labels(const std::vector<SegmentReading>& readings) {
-        for (const SegmentReading& reading : readings) {
-            const auto topic = m_topics.emplace_back(topicOfLabel(reading.text));
-            m_hasAddresses = m_hasAddresses || topic == LabelTopic::address || topic == LabelTopic::postcode;
-        }
-        for (std::size_t index = 0; index < readings.size(); ++index) {
-            if (m_topics[index] == LabelTopic::houseNumber && !isBesideStreet(index, readings))
-                m_topics[index].reset();
-        }
-    }
-
-    bool isOfDetail(std::size_t index) const {
-        const auto topic = m_topics[index];
-        return topic && (m_hasAddresses || (topic != LabelTopic::town && topic != LabelTopic::state));
-    }
-    /// Whether the text may stand beside or below one: not the label of the next.
-    bool mayBeValue(const SegmentReading& reading, std::size_t index) const {
-        return !reading.text.isEmpty() && !reading.text.endsWith(u':') && !m_topics[index];
-    }
-
-private:
-    bool isBesideStreet(std::size_t number, const std::vector<SegmentReading>& readings) const {
-        for (std::size_t index = 0; index < readings.size(); ++index) {
-            if (m_topics[index] == LabelTopic::address && isFarBeside(readings[index], readings[number]))
-                return true;
-        }
-        return false;
-    }
-
-    std::vector<std::optional<LabelTopic>> m_topics;
-    bool m_hasAddresses = false;
-};
-
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                           const Labels& labels, const std::vector<std::size_t>& column, QSize image) {
-    if (!labels.isOfDetail(column.front()))
+                           const DetailLabels& labels, const std::vector<std::size_t>& column, QSize image) {
+    if (!labels.isOfDetail(column.front()) || labels.isOfNumber(column.front()))
         return;
     const SegmentReading& header = readings[column.front()];
     for (const std::size_t cell : std::span(column).subspan(1)) {
@@ -209,8 +177,23 @@ void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector
     }
 }
 
+/// Numbers in rows of any height, as far as every cell has digits.
+void appendColumnOfNumbers(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                           const DetailLabels& labels, std::size_t header, QSize image) {
+    static const RegularExpression digits(uR"(\d.*\d)");
+    if (!labels.isOfNumber(header))
+        return;
+    for (const std::size_t cell : cellsBelow(header, readings)) {
+        const SegmentReading& value = readings[cell];
+        if (!labels.mayBeValue(value, cell) || !digits.hasMatch(value.text))
+            break;
+        if (!isBelow(readings[header], value)) // or it is told already
+            appendForEach(lines, {withoutColon(readings[header]), whole(value)}, u"\t", image);
+    }
+}
+
 void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                    const Labels& labels, std::size_t labelIndex, QSize image) {
+                    const DetailLabels& labels, std::size_t labelIndex, QSize image) {
     const SegmentReading& label = readings[labelIndex];
     const bool isPerson = isLabelOfPerson(label.text);
     if (!isPerson && !labels.isOfDetail(labelIndex))
@@ -242,16 +225,28 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
         append(*field);
 }
 
-/// An address that stands below each other: a street, a town with its postcode or both apart.
-void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& upper,
-                   const SegmentReading& lower, const std::vector<SegmentReading>& readings, QSize image) {
-    if (mayBeStreet(upper.text) && isPlace(lower.text))
-        appendForEach(lines, {whole(upper), whole(lower)}, u", ", image);
-    if (!isTown(upper.text) || !isBarePostcode(lower.text))
+/// An address that stands below each other: a street, perhaps an area, a town with its postcode or both
+/// apart.
+void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& end,
+                   const std::vector<SegmentReading>& readings, QSize image) {
+    constexpr std::size_t mostParts = 5;
+    if (!isPlace(end.text) && !isBarePostcode(end.text))
         return;
-    for (const SegmentReading& street : readings) {
-        if (isBelow(street, upper) && mayBeStreet(street.text))
-            appendForEach(lines, {whole(street), whole(upper), whole(lower)}, u", ", image);
+    std::vector<ReadingPart> parts{whole(end)};
+    while (parts.size() < mostParts) {
+        const SegmentReading& lower = parts.front().reading;
+        const auto upper = std::ranges::find_if(
+            readings, [&](const SegmentReading& reading) { return isBelow(reading, lower); });
+        if (upper == readings.end() || goesOnInText(upper->text, lower.text))
+            return;
+        std::vector<ReadingPart> longer{whole(*upper)};
+        for (const ReadingPart& part : parts)
+            longer.push_back({part.reading, part.range});
+        parts = std::move(longer);
+        if (mayBeStreet(upper->text))
+            return appendForEach(lines, parts, u", ", image);
+        if (!isTown(upper->text))
+            return;
     }
 }
 
@@ -284,9 +279,8 @@ void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<Segme
                 appendForEach(lines, {whole(upper), whole(lower)}, u" ", image);
             else if (isWrapped(upper, lower))
                 appendWrapped(lines, fewWords(upper, End::last), fewWords(lower, End::first), image);
-            if (!goesOnInText(upper.text, lower.text))
-                appendAddress(lines, upper, lower, readings, image);
         }
+        appendAddress(lines, lower, readings, image);
     }
 }
 
@@ -321,9 +315,11 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
 std::vector<RecognizedLine> combinedLines(const std::vector<SegmentReading>& readings, QSize image) {
     const std::vector<std::vector<std::size_t>> columns = columnsOf(readings);
     std::vector<RecognizedLine> lines;
-    const Labels labels(readings);
-    for (std::size_t label = 0; label < readings.size(); ++label)
+    const DetailLabels labels(readings);
+    for (std::size_t label = 0; label < readings.size(); ++label) {
         appendLabelled(lines, readings, labels, label, image);
+        appendColumnOfNumbers(lines, readings, labels, label, image);
+    }
     for (const std::vector<std::size_t>& column : columns)
         appendColumnOfDetails(lines, readings, labels, column, image);
     appendContinued(lines, readings, image);

@@ -125,6 +125,13 @@ bool isBelow(const SegmentReading& upper, const SegmentReading& lower) {
            std::abs(lower.box.left() - upper.box.left()) <= mostShift * height;
 }
 
+std::vector<std::size_t> cellsBelow(std::size_t cell, const std::vector<SegmentReading>& readings) {
+    std::vector<std::size_t> cells;
+    for (auto next = cellBelow(cell, readings); next; next = cellBelow(*next, readings))
+        cells.push_back(*next);
+    return cells;
+}
+
 std::vector<std::vector<std::size_t>> columnsOf(const std::vector<SegmentReading>& readings) {
     std::vector<std::size_t> order(readings.size());
     std::iota(order.begin(), order.end(), std::size_t(0));

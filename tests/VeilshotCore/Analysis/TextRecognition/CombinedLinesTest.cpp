@@ -91,6 +91,10 @@ TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
                          evenReading(u"ST4 3ZQ"_s, postcode)},
                         street),
               Texts{"210 Lower Marsh, Stoke-on-Trent, ST4 3ZQ"});
+    EXPECT_EQ(linesWith({evenReading(u"12 Mama Ngina Way"_s, street), evenReading(u"Lavington"_s, town),
+                         evenReading(u"Nairobi 00100"_s, postcode)},
+                        town),
+              Texts{"12 Mama Ngina Way, Lavington, Nairobi 00100"});
     EXPECT_EQ(linesWith({evenReading(u"Anna Lund"_s, street), evenReading(u"3400 Hillerød"_s, town)}, town),
               Texts{});
 }
@@ -117,6 +121,10 @@ TEST(CombinedLines, TellTheCellsOfAColumnTogether) {
     for (std::size_t row = 0; row < uneven.size(); ++row)
         uneven[row].box.translate(0, row % 2 == 1 ? 14 : 0); // pairs of label and value, not rows
     EXPECT_EQ(linesWith(uneven, uneven[3].box), Texts{});
+    const std::vector<SegmentReading> numbers{
+        evenReading(u"Passport"_s, {10, 10, 64, 12}), evenReading(u"K0 1"_s, {10, 34, 32, 12}),
+        evenReading(u"K0 2"_s, {10, 60, 32, 12}), evenReading(u"K0 3"_s, {10, 112, 32, 12})};
+    EXPECT_EQ(linesWith(numbers, numbers[3].box), Texts{"Passport\tK0 3"}); // rows of any height
 }
 
 TEST(CombinedLines, NeverGiveAWholeColumnAwayToTheLabelInItsHeader) {
