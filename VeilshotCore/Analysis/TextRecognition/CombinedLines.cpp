@@ -100,6 +100,13 @@ bool goesOnInText(const QString& upper, const QString& lower) {
             }));
 }
 
+/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card.
+bool isTornName(const QString& upper, const QString& lower) {
+    static const RegularExpression begun(uR"((?:(?<!\S)\p{Ll}+|\p{L}:) \p{Lu}\p{Ll}{2,}$)", sensitive);
+    static const RegularExpression rest(uR"(^\p{Lu}\p{Ll}[\p{L}-]+$)", sensitive);
+    return begun.hasMatch(upper) && rest.hasMatch(lower);
+}
+
 /// Whether a mail or web address is torn by the end of the row, behind one of its signs, or a key behind its
 /// hyphen.
 bool isTornToken(const QString& upper, const QString& lower) {
@@ -162,7 +169,8 @@ bool isProse(const SegmentReading& reading) {
 /// begins the next line of a log.
 bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     static const RegularExpression time(uR"(^\[?\d+[:./-]\d)");
-    return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
+    return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text) ||
+           isTornName(upper.text, lower.text);
 }
 
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
