@@ -100,11 +100,16 @@ bool goesOnInText(const QString& upper, const QString& lower) {
             }));
 }
 
-/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card.
-bool isTornName(const QString& upper, const QString& lower) {
+/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card, or one word below another as close as lines of a
+/// text.
+bool isTornName(const SegmentReading& upper, const SegmentReading& lower) {
+    constexpr double widestGap = 0.6; // in heights
     static const RegularExpression begun(uR"((?:(?<!\S)\p{Ll}+|\p{L}:) \p{Lu}\p{Ll}{2,}$)", sensitive);
     static const RegularExpression rest(uR"(^\p{Lu}\p{Ll}[\p{L}-]+$)", sensitive);
-    return begun.hasMatch(upper) && rest.hasMatch(lower);
+    const int height = std::max(upper.box.height(), lower.box.height());
+    const bool isClose = lower.box.top() - upper.box.bottom() <= widestGap * height;
+    return rest.hasMatch(lower.text) &&
+           (begun.hasMatch(upper.text) || (isClose && rest.hasMatch(upper.text)));
 }
 
 /// Whether a mail or web address is torn by the end of the row, behind one of its signs, or a key behind its
@@ -170,7 +175,7 @@ bool isProse(const SegmentReading& reading) {
 bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     static const RegularExpression time(uR"(^\[?\d+[:./-]\d)");
     return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text) ||
-           isTornName(upper.text, lower.text);
+           isTornName(upper, lower);
 }
 
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
@@ -220,7 +225,7 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
             append(index);
             isAlone = false;
         }
-        if ((isPerson ? isBeside(label, value) : isFarBeside(label, value)) &&
+        if ((isPerson && !isLabelOfName(label.text) ? isBeside(label, value) : isFarBeside(label, value)) &&
             (!beside || value.box.left() < readings[*beside].box.left()))
             beside = index;
         if (!isPerson && isInFieldBelow(label, value) &&
