@@ -1,6 +1,6 @@
 #include "VeilshotCore/Analysis/NameTagging/JoinedNames.h"
 
-#include "VeilshotCore/Analysis/NameTagging/NameLine.h"
+#include "VeilshotCore/Analysis/NameTagging/NameLikeness.h"
 #include "VeilshotCore/Analysis/NameTagging/NameSpelling.h"
 
 #include <algorithm>
@@ -51,6 +51,14 @@ bool mayBeName(const NameLine& line, NameSpan span) {
     return span.last - span.first < longestName && spelling >= least;
 }
 
+/// "Tor Ivar": a first name, though a word too, that begins a cell.
+bool isFirstNameInFront(const NameLine& line, size_t at) {
+    const NameWord& word = line.word(at);
+    const bool isCommon = word.is(WordTrait::strongFirstName) && !word.is(anyMeaning & ~ordinaryMeaning);
+    return line.opensCell(at) && line.word(at + 1).touches() && isCommon && word.isShapedLikeName() &&
+           line.word(at + 1).letterCase == LetterCase::title;
+}
+
 /// The items of a line that is nothing but an enumeration of capitalised words without another meaning, most
 /// of them names: "Okonjo-Bello, Lindqvist, Haddad". An unknown single word beside a single name may be a
 /// town.
@@ -88,11 +96,9 @@ std::vector<TextRange> enumeratedNames(const NameLine& line, IsFound isFound) {
 
 } // namespace
 
-std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const NameLexicon& lexicon,
-                                     QStringView text) {
+std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const NameLine& line) {
     if (names.empty())
         return {};
-    const NameLine line(lexicon, text);
     const auto isFound = [&](size_t at) {
         return at < line.size() && std::ranges::any_of(names, [&](TextRange name) {
                    return name.intersects(line.word(at).range);
@@ -106,6 +112,10 @@ std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const 
                      (line.word(at).before == WordSeparator::colon && line.word(at - 1).is(WordTrait::label));
 
     std::vector<TextRange> joined;
+    for (size_t at = 0; at + 1 < line.size(); ++at) {
+        if (isFirstNameInFront(line, at) && !isFound(at) && isFound(at + 1))
+            joined.push_back(line.word(at).range);
+    }
     const auto canJoin = [&](size_t neighbour, Joint joint, NameSpan span) {
         // Behind a name and a comma there often stands a town.
         const bool isList = isLabelled || (names.size() > 1 && !span.isSingle());

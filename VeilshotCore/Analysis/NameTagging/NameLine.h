@@ -68,6 +68,7 @@ class NameLine {
 public:
     NameLine(const NameLexicon& lexicon, QStringView text);
 
+    QStringView text() const { return m_text; }
     size_t size() const { return m_words.size() - 1; }
     /// Up to and including size(): behind the last word stands an empty one, so that every word has a
     /// neighbour.

@@ -1,7 +1,7 @@
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
 
 #include "VeilshotCore/Analysis/ColumnLine.h"
-#include "VeilshotCore/Analysis/NameTagging/NameEvidence.h"
+#include "VeilshotCore/Analysis/NameTagging/NameLikeness.h"
 #include "VeilshotCore/Analysis/NameTagging/NameTokenizer.h"
 #include "VeilshotCore/Analysis/TellingLabel.h"
 
@@ -20,6 +20,7 @@ struct Cell {
     bool hasShapeOfName = false;
     bool hasKnownName = false;
     bool hasMeaning = false; ///< of at least one word, be it a name as well
+    bool hasUsualMeaning = false;
 
     /// Whether the names fill the cell, but for a word or two.
     bool isName() const {
@@ -70,6 +71,7 @@ Cell examined(const QString& line, TextRange range, const NameTagger& tagger) {
         isBehindFirstName = (traits & anyFirstName) && !(traits & anyMeaning);
         cell.hasKnownName = cell.hasKnownName || (traits & anyName);
         cell.hasMeaning = cell.hasMeaning || (traits & anyMeaning);
+        cell.hasUsualMeaning = cell.hasUsualMeaning || (traits & anyMeaning & ~unusualMeaning);
     }
     cell.hasShapeOfName = isShaped && cell.words > 0 && cell.words <= mostWords;
     return cell;
@@ -89,7 +91,9 @@ Company companyOf(const std::vector<Cell>& cells, const QString& label) {
     if (hasValues && isLabelOfName(label) && values > 1)
         return 2 * likely >= values ? Company::names : Company::people;
     // A single value beside a label may be a button: "Owner", "Mark Complete".
-    const bool isStranger = values == 1 && begin->hasShapeOfName && !begin->hasMeaning;
+    const bool isStranger =
+        values == 1 && begin->hasShapeOfName &&
+        (!begin->hasMeaning || (begin->words > 1 && begin->hasKnownName && !begin->hasUsualMeaning));
     if (hasValues && isLabelOfName(label) && isStranger)
         return Company::names;
     if (hasValues && isLabelOfPerson(label) && (names > 0 || isStranger))

@@ -6,6 +6,7 @@
 #include "VeilshotCore/Analysis/RepeatedWordLine.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace Veilshot {
@@ -35,7 +36,25 @@ std::vector<std::string> wordsOfFullNames(const QString& passage, const NameTagg
     return words;
 }
 
-/// Those of the words at the place that stand for nothing else there.
+/// "ask for Rose or", "right. Grace, can you": a capital that neither a heading nor the beginning of a
+/// sentence explains.
+bool isCapitalInSentence(const NameLine& line, std::size_t at) {
+    constexpr std::array<std::string_view, 10> articles{"the", "a",  "an",  "this", "our",
+                                                        "en",  "et", "den", "det",  "vores"};
+    constexpr WordTraits neverName = WordTrait::functionWord | WordTrait::calendar | WordTrait::title;
+    const NameWord& word = line.word(at);
+    const NameWord& next = line.word(at + 1);
+    if (!word.isShapedLikeName() || !word.is(anyName) || word.is(neverName))
+        return false;
+    const bool isBehindText = at > 0 && (word.touches() || word.before == WordSeparator::comma) &&
+                              line.word(at - 1).isLower() && !line.word(at - 1).isOneOf(articles);
+    const bool isAddressed = next.before == WordSeparator::comma && next.isLower();
+    const bool isBehindPlace =
+        at > 0 && line.word(at - 1).is(WordTrait::locative) && word.is(WordTrait::place);
+    return (isBehindText || isAddressed) && !isBehindPlace && !(next.touches() && next.isCapitalized());
+}
+
+/// Those of the words at the place that stand for nothing else there, with the initials in front of them.
 std::vector<TextRange> namesInPlace(QStringView place, const std::vector<std::string>& words) {
     const NameLine line(NameLexicon::shared(), place);
     const std::vector<NameToken> tokens = nameTokens(place);
@@ -44,10 +63,16 @@ std::vector<TextRange> namesInPlace(QStringView place, const std::vector<std::st
         const NameWord& word = line.word(at);
         const bool isRepeated = word.letterCase != NameToken::LetterCase::lower &&
                                 std::ranges::find(words, word.folded) != words.end();
-        const bool isTold = !word.is(anyMeaning) || (line.size() == 1 && word.is(anyName));
-        if (isRepeated && isTold && !line.opensOrganisation(at) &&
-            !isOtherThanName(word.range, place, tokens))
-            names.push_back(word.range);
+        std::size_t first = at;
+        while (first > 0 && line.word(first).touches() && line.word(first - 1).isInitial())
+            --first;
+        const bool isTold = !word.is(anyMeaning) || (line.size() == 1 && word.is(anyName)) || first < at ||
+                            isCapitalInSentence(line, at);
+        if (!isRepeated || !isTold || line.opensOrganisation(at) ||
+            isOtherThanName(word.range, place, tokens))
+            continue;
+        const qsizetype start = line.word(first).range.location;
+        names.push_back({start, word.range.end() - start});
     }
     return names;
 }

@@ -7,6 +7,8 @@
 #include "VeilshotCore/Analysis/NameTagging/NamePatterns.h"
 #include "VeilshotCore/Analysis/NameTagging/NameSections.h"
 #include "VeilshotCore/Analysis/NameTagging/NamesInCells.h"
+#include "VeilshotCore/Analysis/NameTagging/NamesInCode.h"
+#include "VeilshotCore/Analysis/NameTagging/NamesInSentences.h"
 #include "VeilshotCore/Analysis/NameTagging/RepeatedNames.h"
 #include "VeilshotCore/Analysis/NameTagging/UnmistakableNames.h"
 #include "VeilshotCore/Analysis/RepeatedWordLine.h"
@@ -155,26 +157,33 @@ std::vector<TextRange> TrainedNameTagger::namesInWhole(const QString& line) cons
     return merged(std::move(names));
 }
 
-std::vector<TextRange> TrainedNameTagger::namesAsWritten(const QString& line) const {
+std::vector<TextRange> TrainedNameTagger::namesAsWritten(const QString& text) const {
     const NameLexicon& lexicon = NameLexicon::shared();
-    const std::vector<TextRange> listed = m_listTagger.personalNames(line);
+    const std::vector<TextRange> listed = m_listTagger.personalNames(text);
     if (!m_segmenter)
         return listed;
-    const std::vector<NameToken> tokens = nameTokens(line);
-    std::vector<TextRange> names = namesByPattern(lexicon, line);
-    for (const TokenSpan& name : m_segmenter->names(nameFeatures(lexicon, line, tokens, listed))) {
+    std::vector<TextRange> names;
+    const auto append = [&](const std::vector<TextRange>& more) {
+        names.insert(names.end(), more.begin(), more.end());
+    };
+    const std::vector<NameToken> tokens = nameTokens(text);
+    for (const TokenSpan& name : m_segmenter->names(nameFeatures(lexicon, text, tokens, listed))) {
         const qsizetype start = tokens[name.first].range.location;
         const TextRange range{start, tokens[name.last].range.end() - start};
         const bool isAgreed = std::ranges::find(listed, range) != listed.end();
-        if (isAgreed || !isDoubtfulName(range, line, tokens))
+        if (isAgreed || !isDoubtfulName(range, text, tokens))
             names.push_back(range);
     }
     std::ranges::copy_if(listed, std::back_inserter(names),
-                         [&](TextRange range) { return isCertain(range, line, tokens); });
-    std::ranges::copy(unmistakableNames(lexicon, line), std::back_inserter(names));
-    std::erase_if(names, [&](TextRange name) { return isOtherThanName(name, line, tokens); });
+                         [&](TextRange range) { return isCertain(range, text, tokens); });
+    const NameLine line(lexicon, text);
+    append(namesByPattern(line));
+    append(namesInSentences(lexicon, line));
+    append(namesInCode(text));
+    append(unmistakableNames(line));
+    std::erase_if(names, [&](TextRange name) { return isOtherThanName(name, text, tokens); });
     names = merged(std::move(names));
-    std::ranges::copy(namesJoinedTo(names, lexicon, line), std::back_inserter(names));
+    append(namesJoinedTo(names, line));
     return merged(std::move(names));
 }
 

@@ -24,7 +24,7 @@ public:
 
 private:
     std::vector<TextRange> namesInWhole(const QString& line) const;
-    std::vector<TextRange> namesAsWritten(const QString& line) const;
+    std::vector<TextRange> namesAsWritten(const QString& text) const;
 
     std::shared_ptr<const NameSegmenter> m_segmenter; ///< null without a model
     ListNameTagger m_listTagger;

@@ -1,6 +1,6 @@
 #include "VeilshotCore/Analysis/NameTagging/UnmistakableNames.h"
 
-#include "VeilshotCore/Analysis/NameTagging/NameLine.h"
+#include "VeilshotCore/Analysis/NameTagging/NameLikeness.h"
 #include "VeilshotCore/Analysis/RegularExpression.h"
 
 #include <algorithm>
@@ -37,7 +37,11 @@ std::optional<size_t> endBehindTitle(const NameLine& line, size_t at) {
     const NameWord& first = line.word(at + 1);
     const bool isName =
         isPlain ? first.isShapedLikeName() || first.isInitial() : isListedOnlyAs(anyName, first);
-    if (!(isPlain || isOther) || !first.touches() || !isName)
+    // "Father Bede Molloy".
+    const bool isBeforeLastName = first.isShapedLikeName() && !first.is(anyMeaning & ~unusualMeaning) &&
+                                  line.word(at + 2).touches() &&
+                                  isListedOnlyAs(anyLastName, line.word(at + 2));
+    if (!(isPlain || isOther) || !first.touches() || !(isName || isBeforeLastName))
         return {};
     size_t last = at + 1;
     const auto goesOn = [&](const NameWord& word) {
@@ -65,6 +69,15 @@ bool isNamedByTheWordBefore(const NameLine& line, size_t at) {
     return at > 0 && line.word(at).touches() && !line.word(at - 1).isLower() && !line.word(at - 1).isNumber &&
            !line.word(at - 1).is(WordTrait::title | WordTrait::role | WordTrait::greeting | WordTrait::label |
                                  WordTrait::namePossible | WordTrait::nameBefore);
+}
+
+/// "Hyacinth Mbeki": a first name that is a word as well, in front of a last name that is none.
+bool isFirstNameOfLastName(const NameLine& line, size_t at) {
+    const NameWord& last = line.word(at + 1);
+    const NameWord& behind = line.word(at + 2);
+    return line.word(at).isShapedLikeName() && line.word(at).is(anyFirstName) &&
+           !line.word(at).is(anyMeaning & ~ordinaryMeaning) && last.touches() &&
+           isListedOnlyAs(anyLastName, last) && !(behind.touches() && behind.isCapitalized());
 }
 
 /// The last word of the name that begins with a common first name at this place.
@@ -121,8 +134,8 @@ bool isMadeOf(std::string_view part, std::string_view word, const std::vector<st
            (rest.size() <= 1 || std::ranges::find(words, rest) != words.end());
 }
 
-void appendNamesOfMailboxes(std::vector<TextRange>& names, const NameLine& line, QStringView text) {
-    const std::vector<std::string> parts = mailboxParts(text);
+void appendNamesOfMailboxes(std::vector<TextRange>& names, const NameLine& line) {
+    const std::vector<std::string> parts = mailboxParts(line.text());
     if (parts.empty())
         return;
     constexpr std::ptrdiff_t shortest = 3;
@@ -158,8 +171,7 @@ void appendNamesOfMailboxes(std::vector<TextRange>& names, const NameLine& line,
 
 } // namespace
 
-std::vector<TextRange> unmistakableNames(const NameLexicon& lexicon, QStringView text) {
-    const NameLine line(lexicon, text);
+std::vector<TextRange> unmistakableNames(const NameLine& line) {
     std::vector<TextRange> names;
     const auto append = [&](size_t first, size_t last) {
         const qsizetype start = line.word(first).range.location;
@@ -170,10 +182,12 @@ std::vector<TextRange> unmistakableNames(const NameLexicon& lexicon, QStringView
             append(at + 1, *titled);
         if (const auto last = endOfFirstName(line, at))
             append(at, *last);
+        else if (isFirstNameOfLastName(line, at))
+            append(at, at + 1);
         if (isLastNameOfSomebody(line, at))
             append(at, at);
     }
-    appendNamesOfMailboxes(names, line, text);
+    appendNamesOfMailboxes(names, line);
     return names;
 }
 

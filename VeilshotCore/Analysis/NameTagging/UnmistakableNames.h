@@ -1,9 +1,8 @@
 #pragma once
 
-#include "VeilshotCore/Analysis/NameTagging/NameLexicon.h"
+#include "VeilshotCore/Analysis/NameTagging/NameLine.h"
 #include "VeilshotCore/Analysis/TextRange.h"
 
-#include <QStringView>
 #include <vector>
 
 namespace Veilshot {
@@ -11,8 +10,9 @@ namespace Veilshot {
 /// Names that need no weighing:
 /// - what stands behind a title, whatever else it means: "Mr Church", "Dr. June Castle";
 /// - a common first name that means nothing else, with the surname behind it: "asked Thaddeus Crumb";
+/// - any first name in front of a last name that means nothing else: "Hyacinth Mbeki";
 /// - a common last name that means nothing else, where people are spoken of: "with Pugh on Sunday";
 /// - words of which a mail address in the line is made: "Park,Ha-eun,haeun.park@naru.example".
-std::vector<TextRange> unmistakableNames(const NameLexicon& lexicon, QStringView text);
+std::vector<TextRange> unmistakableNames(const NameLine& line);
 
 } // namespace Veilshot

@@ -39,6 +39,11 @@ constexpr double leastWidthOfCell = 1.3; // in heights
 constexpr int leastRestSurface = 1'000;
 constexpr double thickestStroke = 14;
 
+/// Nor has anything as wide, letters that touch but for headlines, strokes as thick as this: it is a gap
+/// between cards.
+constexpr double leastWidthOfGap = 2; // in heights
+constexpr double thickestStrokeInWidth = 4;
+
 /// An area as low as a line of text is the ground of one only if it fills its box; holes and all, letters do
 /// not.
 constexpr int tallestLine = 160;
@@ -156,7 +161,9 @@ bool isCell(const cv::Mat& labels, int index, const cv::Rect& box) {
 }
 
 bool isThick(const cv::Mat& labels, int index, const cv::Rect& box) {
-    if (std::min(box.width, box.height) < 2 * thickestStroke)
+    const double thickest =
+        box.width >= leastWidthOfGap * box.height ? thickestStrokeInWidth : thickestStroke;
+    if (std::min(box.width, box.height) < 2 * thickest)
         return false;
     cv::Mat inside;
     cv::copyMakeBorder(labels(box) == index, inside, 1, 1, 1, 1, cv::BORDER_CONSTANT, cv::Scalar(0));
@@ -164,7 +171,7 @@ bool isThick(const cv::Mat& labels, int index, const cv::Rect& box) {
     cv::distanceTransform(inside, depth, cv::DIST_L2, cv::DIST_MASK_3);
     double deepest = 0;
     cv::minMaxLoc(depth, nullptr, &deepest);
-    return deepest > thickestStroke;
+    return deepest > thickest;
 }
 
 bool isBackground(const Areas& areas, int index) {

@@ -22,7 +22,7 @@ struct Place {
 /// What may be a name in full, with the passage in which it stands.
 struct Run {
     QString text;
-    ReadingPart passage;
+    QString passage;
     std::vector<Place> places; ///< elsewhere, of the words of the run
 };
 
@@ -88,14 +88,23 @@ private:
         constexpr qsizetype mostRuns = 3; // with the same word
         constexpr int wordsAround = 6;
         const QString text = reading.text.sliced(range.location, range.length);
+        QString passage = stretched(reading, range, wordsAround).text();
+        if (const auto known = m_byText.constFind(text); known != m_byText.constEnd()) {
+            // A mail address beside a name says more than the name alone.
+            QString& present = m_runs[*known].passage;
+            if (passage.contains(u'@') && !present.contains(u'@'))
+                present = std::move(passage);
+            return;
+        }
         bool isKept = false;
         for (const TextRange word : capitalisedWords(text)) {
             QList<std::size_t>& runs = m_byWord[keyOf(text, word)];
-            const auto isSame = [&](std::size_t index) { return m_runs[index].text == text; };
-            if (runs.size() >= mostRuns || std::ranges::any_of(runs, isSame))
+            if (runs.size() >= mostRuns)
                 continue;
-            if (!isKept)
-                m_runs.push_back({text, stretched(reading, range, wordsAround), {}});
+            if (!isKept) {
+                m_byText.insert(text, m_runs.size());
+                m_runs.push_back({text, std::move(passage), {}});
+            }
             isKept = true;
             runs.push_back(m_runs.size() - 1);
         }
@@ -103,10 +112,11 @@ private:
 
     std::vector<Run> m_runs;
     QHash<QString, QList<std::size_t>> m_byWord; ///< in small letters
+    QHash<QString, std::size_t> m_byText;
 };
 
 RecognizedLine lineOf(const Run& run, QSize image) {
-    QString text = run.passage.text();
+    QString text = run.passage;
     std::vector<RecognizedLine::Symbol> symbols;
     for (const auto& [word, around] : run.places) {
         text += repeatSeparator;

@@ -69,6 +69,11 @@ TEST(NamesInALine, AreFoundInSectionsAndByTheirForm) {
                  u"However, you can skip it"_s, u"Welcome back, [Obinze]"_s, u"[Marks] kontor er lukket"_s,
                  u"This office is closed"_s, u"Served by [Obinze]"_s,
                  u"Contact [Hyun-woo Baek] in Network"_s});
+    expectNames({u"[Hollow, Jasper]"_s, u"[de Wilde, Famke]"_s, u"Hancock, Maine"_s, u"[Tor] [Ivar Bakken]"_s,
+                 u"where surname = '[Aust]' or full_name <> \"[Ai Bo]\""_s, u"hostname = 'Aust'"_s,
+                 u"Any time, [Obinze]."_s, u"Any questions, Norway."_s, u"her daughter [Clemency] by phone"_s,
+                 u"Ask [Hyacinth] or the desk"_s, u"ask for [Bell] at the desk"_s,
+                 u"Tell Customers about it"_s});
 }
 
 TEST(NamesInALine, AreToldFromOtherThings) {
@@ -99,6 +104,7 @@ TEST(NamesInALine, AreFoundWhereTheyAreUnmistakable) {
          u"10 [Dragsted],[Pelle],pelle@dragstedbyg.example"_s,
          u"elef.papadim@naru.example for [Eleftheria Papadimitriou]"_s,
          u"on Thursday. [C. Batliwala] replaced the cable"_s, u"[Zbigniew topatka]"_s,
+         u"[lestyn Prydderch]"_s, u"[Hope Pugh] was late"_s, u"Father [Bede Molloy] asked"_s,
          u"9 [Park],[Ha-eun],haeun.park@naru.example"_s, u"Support,Team,support.team@naru.example"_s,
          u"Fee,fees@naru.example"_s});
 }
@@ -109,7 +115,9 @@ TEST(NamesInALine, AreFoundWhereTheirWordsAreRepeated) {
                  u"Obinze Fasheun\t\uE000\tFasheun Ltd\t\uE000\tAsk [Fasheun]"_s,
                  u"Fasheun Masonry Ltd\t\uE000\tday Fasheun. When"_s,
                  u"Obinze Fasheun\t\uE000\tFasheun Masonry Ltd"_s,
-                 u"William Church\t\uE000\tthe Church is open"_s, u"William Church\t\uE000\t[Church]"_s});
+                 u"William Church\t\uE000\tthe Church is open"_s, u"William Church\t\uE000\t[Church]"_s,
+                 u"William Church\t\uE000\task for [Church] or\t\uE000\tRight. [Church], can you"_s,
+                 u"William Church\t\uE000\tstamped “[W. CHURCH] 1938”"_s});
 }
 
 TEST(TrainedNameTaggerTest, FindsWhatTheListsKnowWithoutAModelThatCanBeRead) {

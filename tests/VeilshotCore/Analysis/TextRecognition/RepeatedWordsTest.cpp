@@ -26,6 +26,10 @@ TEST(RepeatedWords, AreLaidBesideTheRunsThatHoldThem) {
                 ElementsAre(" Ottavia Brignole, room 4\t\uE000\ta day Ottavia has noted"));
     EXPECT_THAT(repeats(u"Brignole, Ottavia"_s, u"OTTAVIA"_s),
                 ElementsAre("Brignole, Ottavia\t\uE000\tOTTAVIA"));
+    EXPECT_THAT(textsOf({evenReading(u"Ottavia Brignole"_s, first),
+                         evenReading(u"Ottavia Brignole <ob@x.example>"_s, second),
+                         evenReading(u"Ottavia"_s, {10, 70, 100, 12})}),
+                ElementsAre("Ottavia Brignole <ob@x.example>\t\uE000\tOttavia"));
     EXPECT_THAT(repeats(u"Name: Ottavia"_s, u"Ottavia"_s), ElementsAre());
     EXPECT_THAT(repeats(u"Ottavia Brignole"_s, u"Ottavia Brignole"_s), ElementsAre());
     EXPECT_THAT(repeats(u"Ottavia Brignole"_s, u"ask ottavia or Ottavian"_s), ElementsAre());
