@@ -2,23 +2,121 @@
 
 #include "VeilshotCore/Analysis/RegularExpression.h"
 
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
 namespace Veilshot {
 
 namespace {
 
 constexpr qsizetype longestLabel = 32;
+constexpr qsizetype longestLabelOfDetail = 48;
+
+const QString birth =
+    uR"((?:date of )?birth(?: ?da(?:y|te))?|born|d\.?o\.?b\.?|f[øo]dt|f[øo]dselsda(?:g|to))"
+    uR"(|fødd|född|födelsedatum|geboren|geburtsdatum|geboortedatum|date de naissance|née?|fecha de nacimiento|data di nascita)"_s;
+
+/// Papers and numbers of which the word alone says whose they are. Not a bare "ID", which everything has.
+const QString document =
+    uR"(passport|pas|reisepass|(?:identity |travel )?document|driv\w{1,6}['’]?s?[- ]licen[cs]e|licen[cs]e|k[øo]rekort|(?:national |personal )?id(?:entity)?[- ]?(?:card|kort))"
+    uR"(|(?:national|personal) (?:id(?:entity)?|insurance|registration)|residen(?:ce|t) (?:permit|card)|opholds(?:kort|tilladelse)|work permit)"
+    uR"(|green card|social (?:security|insurance)|health card|sundhedskort|sygesikring\w{0,6}|medicare|s\.?s\.?n|itin|nino|a-number|uscis|tfn|crn|ucas)"
+    uR"(|ppsn?|nhs|nric|hkid|aadhaar|cpf|curp|dni|nie|pesel|bsn|ahv|hetu|bvn|codice fiscale|personalausweis|steuer-?id|cpr)"
+    uR"(|person(?:nummer|nr)|f[øo]dselsnummer|kennitala|henkilötunnus|mrn|kra pin|known travell?er|redress)"
+    uR"(|(?:reisepass|ausweis|sozialversicherungs|versicherten|steuer|matrikel)-?(?:nummer|nr)|passeport|pasaporte|passaporto|carte d['’]identité)"
+    uR"(|sécurité sociale|numéro fiscal|seguro social|cédula|körkort|førerkort|(?:vehicle )?registration(?: mark)?|nummerplade)"_s;
+/// What may have one.
+const QString owner =
+    uR"(id(?:entity|entification)?|national|citizen|document|dokument|tax(?:payer)?|tin|ni|sin|pan|skatte?|visa|permit|health|hospital|medical)"
+    uR"(|medical record|insur(?:ance|ed)|forsikrings?|polic(?:y|e)|member(?:ship)?|medlems?|subscriber|beneficiary|patient|claimant|student)"
+    uR"(|studie|studerende|elev|pupil|learner|candidate|applicant|employee|emp\.?|badge|medarbejder|staff|personnel|driver|voter|donor|inmate)"
+    uR"(|matriculation|enrol?ment|club|loyalty|bonus|rewards?|frequent (?:flyer|guest)|clinical|examination|exam|service|certificate|(?:licence|license|number) plate|chassis)"_s;
+const QString numberWord =
+    uR"((?:[- ]?(?:card|kort|certificate|nos?|nr|num(?:ber|mer)?s?|numre|ids?|#|№)(?!\p{L})\.?){1,3})"_s;
+
+const QString branch = uR"(reg(?:istrerings)?[. -]{0,2}(?:nr|nummer|no)?\.?|sort ?code)"_s;
+
+const QString secret =
+    uR"(pass(?:word|code|phrase|wd)?s?|pwd|secrets?|secret (?:key|word)s?|(?:security|secret|memorable) (?:answer|word|place|date)|sikkerhedssvar|(?:\w{2,10} )?tokens?|(?:pin|puk|otp|cvv2?|cvc2?)(?:[- ]?(?:codes?|koder?))?|psk)"
+    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre-?shared|network|security|wi-?fi|wlan|wpa[23]?|master|setup|manual|authenticator)[ -](?:key|phrase|voucher|code)s?)"
+    uR"(|(?:security|access|door|gate|entry|alarm|lock ?box|key ?safe|verification|log-?in|sign-?in|one-time|backup|recovery|reset|authentication)"
+    uR"(|confirmation|unlock|2fa|mfa|safe|key ?box)[ -](?:pin[ -])?(?:code|password|passcode)s?|(?:seed|recovery|backup|secret) (?:phrase|words))"
+    uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|d[øo]r|port|alarm|gendannelses|backup|nød|bekræftelses|låge|wifi-)(?:koder?|nøgler?))"
+    uR"(|kontrolcifre|\p{L}{0,12}n[øo]gler?)"_s;
+
+const QString address =
+    uR"((?:(?:street|home|postal|mailing|delivery|shipping|billing|residential|permanent|current|visiting|residence) ?)?address(?:es)?(?:[ -]?line)?(?: ?[1-4])?)"
+    uR"(|street(?: ?(?:name|number|no|line))?(?: ?[1-4])?|(?:house|building) name|p\.?o\.? ?box|(?:(?:leverings|faktura|hjemme|privat|post|folkeregister|bopæls|fragt)?adresser?(?:linje)?)(?: ?[1-4])?|bop(?:æ|ae?|e)l)"
+    uR"(|(?:gade|vej)(?:navn)?|stra(?:ß|ss)e|rue|calle|via)"_s;
+const QString town =
+    uR"((?:post ?|postal )?town|(?:home )?city|suburb|village|locality|by|bynavn|postby|postdistrikt|stadt?|ort|ville|ciudad)"_s;
+const QString state = uR"(state|province|region|delstat|bundesland)"_s;
+const QString houseNumber = uR"((?:house )?(?:n[or]|number|nummer|num|nº|n°)\.?)"_s;
+const QString postcode =
+    uR"((?:post|postal|zip)[ -]?codes?|zip|eircode|plz|cep|post ?(?:nr|nummer|no)|apt|apartment|unit|suite|flat|etage|husn(?:umme)?r|lejlighed)"_s;
+
+/// A label says whose the detail is in front and remarks on it behind: "Guest’s passport no. (optional)". In
+/// front of the parts of an address only what addresses are for: "Posted by" is no town. One group for each
+/// LabelTopic, in their order.
+RegularExpression makeLabelOfDetail() {
+    const QString ofWhom = uR"((?:[\p{L}’'.-]{1,20} ){0,2}?)"_s;
+    const QString ofWhat = u"(?:(?:billing|shipping|delivery|home|leverings|faktura)[ -]?)?"_s;
+    return RegularExpression(
+        u"^(?:("_s + birth + u")|"_s + ofWhom + u"("_s + document + u"|(?:"_s + owner + u")['’]?s?(?="_s +
+        numberWord + u"))(?:"_s + numberWord + u")?|("_s + branch + u")|"_s + ofWhom + u"("_s + secret +
+        u")|"_s + ofWhat + u"(?:("_s + address + u")|("_s + town + u")|("_s + postcode + u")|("_s + state +
+        u")|("_s + houseNumber +
+        uR"()))[.:* ]{0,3}(?:\(?(?:optional|required|valgfri\w?t?)\)?|\([^()]{1,20}\))?[*: ]{0,2}$)"_s);
+}
+
+const RegularExpression& labelOfDetail() {
+    static const RegularExpression expression = makeLabelOfDetail();
+    return expression;
+}
 
 } // namespace
 
-bool isLabelOfDetail(const QString& text) {
-    static const RegularExpression expression(
-        uR"(^(?:(?:date of )?birth(?: ?da(?:y|te))?|born|dob|født|fødselsda(?:g|to))"
-        uR"(|(?:[\p{L}-]+ ){0,2}(?:pass(?:word|code|phrase)?|secret|token|pin(?: ?code)?|(?:api|access|license) key)"
-        uR"(|kodeord|adgangskode|pinkode|nøgle|pas(?:nummer|sport)?)|kørekort|driv\w+ licen[cs]e|sundhedskort)"
-        uR"(|reg(?:istrerings)?[. -]{0,2}(?:nr|nummer|no)?|sort ?code)"
-        uR"(|(?:passport|pas|id|identity|ni|national insurance|social security|tax|ssn|tin|health|patient))"
-        uR"((?:[- ]?(?:card|kort|no|nr|number|nummer|id)){1,2})[.*:]?$)");
-    return text.size() <= longestLabel && expression.hasMatch(text);
+std::optional<LabelTopic> topicOfLabel(QStringView text) {
+    if (text.size() > longestLabelOfDetail || text.contains(u'\t'))
+        return std::nullopt;
+    static const RegularExpression separator(uR"(\s?[/&]\s?|,\s(?=\p{Ll})|\s(?:or|and|eller|og)\s)");
+    const QString spaced = text.toString().replace(u'_', u' ');
+    qsizetype start = 0;
+    const auto topic = [&](qsizetype end) -> std::optional<LabelTopic> {
+        const auto match = labelOfDetail().firstMatch(QStringView(spaced).sliced(start, end - start));
+        for (std::size_t group = 0; match && group < match->groups.size(); ++group) {
+            if (match->groups[group].location >= 0)
+                return static_cast<LabelTopic>(group);
+        }
+        return std::nullopt;
+    };
+    for (const TextRange between : separator.ranges(spaced)) {
+        if (const auto found = topic(between.location))
+            return found;
+        start = between.end();
+    }
+    return topic(spaced.size());
+}
+
+QString labelOfNumber() {
+    return u"(?i:(?:"_s + document + u")(?:"_s + numberWord + u")?|(?:"_s + owner + u")['’]?s?"_s +
+           numberWord + u')';
+}
+
+std::optional<LabelledValue> LabelledValue::of(QStringView line) {
+    qsizetype end = line.indexOf(u'\t');
+    if (end >= 0 && line.sliced(end + 1).contains(u'\t'))
+        return std::nullopt;
+    if (end < 0)
+        end = line.first(std::min(line.size(), longestLabelOfDetail)).indexOf(u": ");
+    if (end < 0)
+        return std::nullopt;
+    const QStringView value = line.sliced(end + 1).trimmed();
+    const auto topic = value.isEmpty() ? std::nullopt : topicOfLabel(line.first(end).trimmed());
+    if (!topic)
+        return std::nullopt;
+    return LabelledValue{*topic, {value.data() - line.data(), value.size()}};
 }
 
 bool isLabelOfName(const QString& text) {

@@ -1,12 +1,43 @@
 #pragma once
 
+#include "VeilshotCore/Analysis/TextRange.h"
+
 #include <QString>
+#include <optional>
 
 namespace Veilshot {
 
-/// Whether the text is a label of details that nothing but their label tells from other words and numbers:
-/// dates of birth, passwords, numbers of documents and of branches of banks.
-bool isLabelOfDetail(const QString& text);
+/// What a label says of the value beside or below it.
+enum class LabelTopic {
+    birth,       ///< a date of birth
+    number,      ///< of somebody's document or membership
+    branch,      ///< the number of a branch of a bank
+    secret,      ///< a password, a code or a key
+    address,     ///< an address or the line of one that has the street
+    town,        ///< the town of one
+    postcode,    ///< a part of one that may be nothing but a number: postcode, flat
+    state,       ///< of a federation
+    houseNumber, ///< a bare "No.", which has many other meanings
+};
+
+/// What the text says if it is a label of details that nothing but their label tells from other words and
+/// numbers. Of several things ("Passport / ID no.") the first that is one.
+std::optional<LabelTopic> topicOfLabel(QStringView text);
+
+inline bool isLabelOfDetail(QStringView text) {
+    return topicOfLabel(text).has_value();
+}
+
+/// An expression without groups for labels of somebody's numbers within a line. Ignores case by itself.
+QString labelOfNumber();
+
+/// A line that is a label and its value, a tab or a colon with a blank between them.
+struct LabelledValue {
+    LabelTopic topic;
+    TextRange value; ///< without the blanks around it, not empty
+
+    static std::optional<LabelledValue> of(QStringView line);
+};
 
 /// Whether the text is a label of parts of people's names: "Efternavn".
 bool isLabelOfName(const QString& text);

@@ -32,10 +32,10 @@ QString frenchAddress() {
 
 QString streetBehindItsType() {
     return beforeName() +
-           uR"((?:Calle|Rue|Chaussée|Avenue|Boulevard|Alameda|Plaza(?!\s+(?:Suite|Unit|Floor|Level|Room|Apt)\b)|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via(?!\s+(?:e-?mail|Mail|SMS|App|API|Web|Phone|Zoom|Teams|Slack|Chat|Port|Link|USB|WiFi|Email|E-[Mm]ail)\b)|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
-           uR"((?:(?:de|dei|del|dels|della|delle|degli|di|da|das|do|dos|la|las|los|el)\s+){0,2})"_s +
+           uR"((?:Calle|C/|Str\.|[Vv]ul\.|Soi|Carrera|Cra\.|Cl\.|Jirón|Jr\.|Ronda|Corso|Largo|Vicolo|Strada|Bulevardul|Calea|Estrada|Rodovia|R\.|Trg|Ulica|Bulevar|Rruga|Odos|Jalan|Jl\.|Jln\.?|Lorong|Persiaran|Thanon|Đường|Phố|Rehov|Sderot|Náměstí|[Nn]ám\.|Rue|Quai|Chemin|Impasse|Steenweg|Chaussée|Avenue|Boulevard|Alameda|Plaza(?!\s+(?:Suite|Unit|Floor|Level|Room|Apt)\b)|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via(?!\s+(?:e-?mail|Mail|SMS|App|API|Web|Phone|Zoom|Teams|Slack|Chat|Port|Link|USB|WiFi|Email|E-[Mm]ail)\b)|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
+           uR"((?:(?:du|des|\d{1,2} de|de|dei|del|dels|della|delle|degli|di|da|das|do|dos|la|las|los|el)\s+){0,2})"_s +
            name() + uR"((?:\s+)"_s + name() +
-           uR"(){0,2},?\s+\d{1,4}(?:\s?(?!m\.)[A-Za-z]\b|/\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
+           uR"(){0,2},?\s+(?:(?:[Nn][º°.]|[Nn][or]\.?:?|[Nn]úm\.|#|d\.)\s?)?\d{1,5}(?:\s?(?!m\.)[A-Za-z]\b|[/-]\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
 }
 
 // Japan: "2-14-7 Yanaka", "Taito-ku 110-0001"
@@ -44,7 +44,40 @@ QString japaneseBlock() {
     return anyOf(
         {beforeNumber() +
              uR"(\d{1,2}-\d{1,2}-\d{1,2}\s+(?!(?i:jan|feb|mar|apr|ma[iy]|ju[nl]|aug|sep|o[ck]t|nov|dec|mon|tue|wed|thu|fri|sat|sun))\p{Lu}\p{Ll}{3,20}(?=\s*(?:,|$|\t)))"_s,
+         uR"(〒\s?\d{3}-\d{4}|(?<!\w)\d{1,2}-ch[oō]me\b(?:[\s-]\d{1,3}){0,2}|\p{Lu}\p{Ll}{2,20}\s\d{1,2}-\d{1,2}-\d{1,2}(?=,\s*\p{Lu}\p{Ll}{2,20}-(?:ku|shi)))"_s,
          uR"(\p{Lu}\p{Ll}{2,20}-(?:ku|shi|cho|machi)(?:,?\s+\p{Lu}\p{Ll}{2,20})?\s+\d{3}-\d{4}(?!\d))"_s});
+}
+
+// Turkey: "Çınar Sok. No: 14 D: 7", Hungary: "Petőfi utca 12", the Baltic states: "Brīvības iela 12"
+
+QString streetBeforeItsType() {
+    return beforeName() + u"(?:"_s + name() +
+           uR"(\s+){1,3}(?:(?:Sok(?:ak|ağı)?|Sk|Cad(?:desi)?|Cd|Bulvarı|Blv|Mah(?:allesi)?)\b\.?,?\s*[Nn]o\s?[:.]?\s?\d{1,4}[A-Z]?(?:/\d{1,3})?)"
+           uR"(|(?:utca|u\.|út|útja|körút|tér|tere|sétány|köz|iela|gatve|prospekts|tn|mnt|pst|puiestee|třída|ulica|ulice|g\.|pr\.|al\.)\s+\d{1,4}(?:[/-]\d{1,3})?\.?[A-Za-z]?(?![\w%]|[.,]\d)))"_s;
+}
+
+// Vietnam: "12 Lê Lợi, Phường Bến Nghé, Quận 1", whose accents may be misread
+
+QString vietnameseStreet() {
+    const QString district =
+        uR"((?:P[hH]\p{L}{2,4}ng|Qu\p{L}{1,2}n|Huy\p{L}n|Th\p{L}{1,3}nh\sph\p{L}|P\.|Q\.|Ward|District|TP\.?)\s?(?:\d{1,2}\b|)"_s +
+        name() + uR"((?:\s)"_s + name() + u"){0,3})"_s;
+    return houseNumber() + uR"((?:/\d{1,4}){0,3}\s+(?:)"_s + name() + uR"(\s?){1,5},\s*)"_s + district +
+           uR"((?:,\s*)"_s + district + u"){0,2}"_s;
+}
+
+// Nigeria, India, Kenya: "Plot 12, Block C, Admiralty Way", "Sector 62, Noida", "14, 4th Cross"
+
+QString plot() {
+    const QString words = name() + uR"((?:\s(?:)"_s + name() + uR"(|\d{1,3}[A-Z]?\b)){0,4})"_s;
+    return anyOf(
+        {uR"((?<![\w-])(?:Plot|Blk|Block|H(?:ouse|\.)?\s?No\.?|Flat\s?No\.?|Door\s?No\.?)\s?#?\s?(?:\d{1,4}[A-Z]?(?:[/-]\d{1,4}[A-Z]?){0,2}|[A-Z]\d{0,3}),?\s+(?:(?:Block|Road|Zone|Phase|Sector)\s\w{1,4},\s*)?)"_s +
+             words + uR"(,\s*)"_s + words,
+         uR"((?<![\w-])\d{1,3}(?:/\d{1,3})?\s(?:Moo|M\.)\s?\d{1,2}(?!\w))"_s,
+         uR"((?<![\w-])(?:Cra|Cl|Calle|Carrera|Diag|Transv|Av|Avenida)\.?\s\d{1,3}[A-Z]?\s?(?:#|[Nn]o\.?)\s?\d{1,3}[A-Z]?\s?-\s?\d{1,3}(?!\w))"_s,
+         uR"((?<![\w-])Sector[\s-]\d{1,3}[A-Z]?,\s*)"_s + words,
+         houseNumber() +
+             uR"((?:/\d{1,4})?,\s*\d{1,2}(?:st|nd|rd|th)\s(?:Cross|Main|Block|Avenue|Street)\b)"_s});
 }
 
 // Korea: "Mangwon-ro 84, Mapo-gu, Seoul 04016"
@@ -52,7 +85,7 @@ QString japaneseBlock() {
 QString koreanStreet() {
     return beforeName() +
            uR"(\p{Lu}\p{Ll}{2,20}-(?:daero|ro|gil)(?:\s\d{1,3}-gil)?\s\d{1,4}(?:-\d{1,3})?(?![\w%]|[.,]\d))"_s +
-           optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}-(?:gu|si|gun|dong))"_s) +
+           optional(uR"(\s\d{1,3}-gil)"_s) + optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}-(?:gu|si|gun|dong))"_s) +
            optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}\s\d{5}(?!\d))"_s);
 }
 
@@ -66,7 +99,7 @@ const QString streetEnding =
     u"mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
     u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|stra[ßbB]e"
-    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|(?<=[a-zäö]{3}n)tie"_s;
+    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|braut|singel|dijk|chaussee|stigen|backen|haugen|vegen|polku|kuja|(?<=[a-zäö]{3}n)tie"_s;
 /// Not after one or two letters: Palle and Kalle are people.
 const QString avenueEnding = uR"((?<=[\w'’.\-]{3})all[eé]e?n?)"_s;
 const QString streetWord =
@@ -78,7 +111,7 @@ const QString wholeStreet =
     u"|Vesterled|Nyhavn|Trianglen)"_s;
 /// No count, time, share or sum.
 const QString nordicNumber =
-    uR"(\d{1,3}(?:\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
+    uR"(\d{1,3}(?:(?:/\d{1,3}){1,2}|\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
     uR"((?![\w%°]|[.,:]\d|\s?(?:kr\b|DKK|km\b|m\b|%|GB|MB|år\b|stk)))"_s;
 /// Labels are no part of a street's name, and a month with its day is none.
 const QString notOtherWords =
@@ -115,9 +148,10 @@ QString streetBeforeFloor() {
            uR"(\s+\d{1,4}\s?[A-Z]?\s?[,.]\s*)"_s + floorWithSide();
 }
 
-/// "Ved Stranden 12".
+/// "Ved Stranden 12", "bor i Hyldespjældet 44".
 QString streetByItsPlace() {
-    return beforeName() + uR"((?:Ved|Bag|Under|Langs|Mellem)\s+\p{Lu}\p{Ll}{1,20}(?:en|et|ne)\s+)"_s +
+    return beforeName() +
+           uR"((?:(?:Ved|Bag|Under|Langs|Mellem)\s+\p{Lu}\p{Ll}{1,20}|(?<=\b(?:i|på|til|fra)\s)\p{Lu}\p{Ll}{4,20})(?:en|et|ne)\s+)"_s +
            nordicNumber;
 }
 
@@ -127,22 +161,37 @@ const QString notYear =
 /// What is counted or has versions: "Column 7, 1200 Rows".
 const QString notCounted =
     uR"((?!(?i:(?:\w+\s+){0,3}(?:chapter|column|row|line|page|figure|table|section|part|step|level|stage|phase)"
-    uR"(|version|model|invoice|order|ticket|windows|ios|android|macos|iphone|galaxy|season|episode|volume|issue)"
+    uR"(|version|build|article|item|rule|model|invoice|order|ticket|windows|ios|android|macos|iphone|galaxy|season|episode|volume|issue)"
     uR"(|week|day|round|group|team|kapitel|kolonne|side|figur|tabel|afsnit|trin|faktura|ordre|uge|dag|hold)\s\d)))"_s;
 
 QString continentalAddress() {
     return beforeName() + notOtherWords + notCounted + u"(?:"_s + name() + uR"(\s+){0,3})"_s + name() +
-           uR"(\s+\d{1,3}\s?[A-Za-z]?(?:/\d{1,3})?)"_s + optional(uR"(,\s*)"_s + floor()) + uR"(,\s*)"_s +
-           notYear + anyOf({continentalPostcode(), swedishPostcode(), hyphenatedPostcode()}) + uR"(\s+)"_s +
-           city();
+           uR"(\s+(?!(?:19|20)\d\d\b)\d{1,4}\s?[A-Za-z]?(?:[-/]\d{1,3}){0,2})"_s +
+           optional(uR"(\s*,?\s*)"_s + anyOf({floor(), unit()})) + uR"(,\s*)"_s +
+           anyOf(
+               {notYear +
+                    anyOf({uR"(\d{6,7})"_s, continentalPostcode(), swedishPostcode(), hyphenatedPostcode()}) +
+                    uR"(\s+)"_s + city(),
+                city() + uR"(,?\s+\d{5,7}(?![\w-]))"_s});
 }
 
 } // namespace
 
 QStringList continentalAddresses() {
-    return {frenchStreet(),       frenchAddress(),     streetBehindItsType(), japaneseBlock(),
-            koreanStreet(),       nordicStreet(),      nordicStreetOfWords(), lowercaseStreet(),
-            continentalAddress(), streetBeforeFloor(), streetByItsPlace()};
+    return {frenchStreet(),
+            frenchAddress(),
+            streetBehindItsType(),
+            japaneseBlock(),
+            streetBeforeItsType(),
+            vietnameseStreet(),
+            plot(),
+            koreanStreet(),
+            nordicStreet(),
+            nordicStreetOfWords(),
+            lowercaseStreet(),
+            continentalAddress(),
+            streetBeforeFloor(),
+            streetByItsPlace()};
 }
 
 } // namespace Veilshot

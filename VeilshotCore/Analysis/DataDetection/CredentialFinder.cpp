@@ -1,9 +1,11 @@
 #include "VeilshotCore/Analysis/DataDetection/CredentialFinder.h"
 
 #include "VeilshotCore/Analysis/RegularExpression.h"
+#include "VeilshotCore/Analysis/TellingLabel.h"
 
 #include <QString>
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +17,7 @@ using enum RegularExpression::CaseSensitivity;
 
 /// What says that a secret follows. "Tokens: 512" counts something.
 const QString secretLabel =
-    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?:temporary|one-time|wi-?fi|guest)\s+pass|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
+    uR"((?:pass(?:word|wd|code|phrase)|pwd|(?<!\p{L})(?:pw(?!\p{L})|pass(?=\s?[:=])|kode(?=\s?[:=]|\ser\s))|(?:temporary|one-time|guest)\s+pass|wi-?fi\s+(?:pass|voucher|key|code|kode)|(?<!\p{L})pin(?:[- ]?code)?(?!\p{L})|secret)"
     uR"(|token|(?:api|access|secret|private|signing|license|licence|recovery)[_ -]?key|credentials?|auth(?:[oe]\w{4,9})?[ -]?[ck]ode)"
     uR"(|kodeord|adgangskode|pinkode|engangskode|nøgle))"_s;
 
@@ -23,13 +25,43 @@ const QString secretLabel =
 const QString hyphenatedCode = uR"([a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}(?![\w-]))"_s;
 
 struct Expressions {
-    /// Group 1 is what the label names. A column between them arrives as a tab.
-    RegularExpression column{u"^\\s*(?:[\\w-]+\\s){0,2}"_s + secretLabel +
-                             uR"(\s*[:.]?\t\s*(\S{4,}|\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,})\s*$)"_s};
+    /// In a cell beside their label: numbers that open something, codes in groups and words for which
+    /// somebody thought of a digit, all of which may be torn by a blank.
+    RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?: \d){3,7}$)"};
+    RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
+    RegularExpression answer{u"(?:answer|memorable|svar)"};
+    RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
+    RegularExpression wordsInCell{
+        uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
+        sensitive};
+    RegularExpression tornInCell{
+        uR"(^[^\s]{2,24}(?:(?<=[-_!&#+@%*.])\s|\s(?=[-_!&#+@%*]))\S{2,24}(?:\s?\S{2,24}){0,3}$)"};
+    /// Group 1 is what the label names, behind it in the line.
     RegularExpression assignment{secretLabel + uR"([\w-]{0,40}+["'”“]?\s*(?::(?!:)|=>?)\s*["'”“]?)"_s +
                                  uR"(([^\s"'”“,;<>(){}\[\]$*•]{5,}+)(?![(\[{]))"_s};
     RegularExpression sentence{u"(?<![\\w])(?:login|bearer|basic|"_s + secretLabel +
-                               uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{6,}))"_s};
+                               uR"()\s+(?:(?:is|er)\s+)?["'”“]?([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().:]))"_s};
+
+    /// "SMTP_PASS='one two-Buckle 9!'", "the code for the new card is Heron-6628", "curl -u
+    /// ops:Gr4vel-Spoon".
+    RegularExpression quoted{
+        uR"((?:pass(?:word|wd|phrase)?|pwd|secret|adgangskode)["'”’]?\s?[:=]\s?["'“‘]([^"'”’“‘<>{}$]{5,60})["'”’])"};
+    RegularExpression codeOfThing{
+        uR"((?<!\p{L})(?:pass(?:word|code)|code|kode|adgangskode)\s(?:for|to|til)\s[^.,:;]{2,40}?\s(?:is|er)\s([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().]))"};
+    RegularExpression user{uR"((?<!\S)(?:-u|--user)[ =]["'“]?[\w.@-]{1,40}:([^\s"'”]{4,}))"};
+    /// Of words only: "password is heron-lake-otter", "password: “orange bicycle window”".
+    RegularExpression words{
+        uR"((?<!\p{L})(?:pass(?:word|phrase|code)|adgangskode|kodeord)(?:[:=]\s?|\s?=\s?|\s(?:is|er)[:\s]\s?)(?:["'“‘](\p{L}{3,12}(?:[ -]\p{L}{3,12}){2,11})["'”’]|(\p{L}{3,12}(?:-\p{L}{3,12}){2,6})(?![\w-])))"};
+    /// Where nothing else stands: the codes of a list, of which only the first stands below the label.
+    RegularExpression codeAlone{uR"(^\s*([a-z\dO]{4}-[a-z\dO]{4}|[a-z\dO]{5}-[a-z\dO]{5})\s*$)", sensitive};
+    /// Words joined by signs, a blank beside one of them: "tundra! Copper -92-lilac".
+    RegularExpression torn{
+        u"(?<![\\w])"_s + secretLabel +
+        uR"(\s*(?:[:=]\s|(?:is|er)\s)?\s?([\p{L}\d]{2,20}(?:(?:[-_!&#+@%*]\s?|\s[-_!&#+])[\p{L}\d]{2,20}){1,6}))"_s};
+    /// What hardly anything but a password looks like: "Plover-Gate-90", "Kestrel!1349".
+    RegularExpression wordsWithNumber{
+        uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}(?:-\p{Lu}\p{Ll}{3,12}-(?!(?:19|20)\d\d)|[!$%&*^])\d{2,4})(?![\w/@-]))",
+        sensitive};
 
     /// "exportfix with Marigold!7726": the name of the user in front.
     RegularExpression withPassword{
@@ -50,11 +82,22 @@ struct Expressions {
     RegularExpression groups{
         uR"((?:recovery|backup|activation|licen[cs]e|product)\s?(?:codes?|keys?)\s*[:\t]?\s*)"_s + u'(' +
         hyphenatedCode + uR"((?:[\s,]{1,2})"_s + hyphenatedCode + uR"()*))"_s};
+    /// "JBSW Y3DP EHPK 3PXP"
+    RegularExpression authenticatorKey{
+        uR"((?<!\w)((?=(?:[A-Z2-7]{4} )*[A-Z2-7]{0,3}(?:[2-7][A-Z]|[A-Z][2-7]))(?=(?:[A-Z2-7]{4} )*\d{0,3}[A-Z]{2})[A-Z2-7]{4}(?: [A-Z2-7]{4}){3,12})(?!\w))",
+        sensitive};
     RegularExpression hyphenated{uR"((?<![\w-])[A-Z\d]{4}(?:-[A-Z\d]{4}){2,5}(?![\w-]))", sensitive};
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
-        uR"((?<!\p{L})(?:pin(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time) ?code|passcode|otp|cv[cv]2?)"
-        uR"(|(?:sikkerheds|engangs|adgangs|dør|alarm)kode|kode|kontrolcifre)\s*(?:[:.=#]|is|er)?\s*(\d{3,8})(?![\d.,]))"};
+        uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|koden?|kontrolcifre))"
+        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
+    RegularExpression codeToEnter{
+        uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};
+    RegularExpression door{
+        uR"((?<!\p{L})(?:(?:door|gate|dør|port|alarm)(?:\s(?:is|er)\s|:\s|\s)[#*]|(?:door|gate|dør|port|alarm)(?:\s(?:is|er)|:)\s|(?:lock ?box|key ?(?:safe|box)|nøgleboks(?:en)?|keypad)(?:\s(?:is|er))?:?\s[#*]?)(\d{4,6})(?![\d.,:/-]))"};
+    RegularExpression codeBefore{
+        uR"((?<![\w.,/-])((?:[A-Z]{1,2}-)?(?:\d{4,8}|\d{3}[ -]\d{3}))\s(?:is|er)\s(?:your|din)\s[^.\d]{0,30}(?:code|kode|pin|otp|password)\b)"};
     /// The beginning of one, which says in letters that it is one.
     RegularExpression signedToken{uR"((?<![A-Za-z0-9])ey_?[JI]_?[\w-]{6,})", sensitive};
     RegularExpression run{uR"([\p{L}\p{N}][\p{L}\p{N}_+/~-]{14,}[\p{L}\p{N}-]={0,2})"};
@@ -114,6 +157,7 @@ TextRange grown(QStringView line, TextRange credential) {
     constexpr int fewestBreaks = 2;
     constexpr qsizetype shortestPiece = 4;
     constexpr qsizetype pieceBeforeReach = 24;
+    constexpr qsizetype shortestRow = 40;
     static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
     const qsizetype from = std::max<qsizetype>(0, credential.location - pieceBeforeReach);
     if (const auto before = pieceBefore.firstMatch(line.sliced(from, credential.location - from))) {
@@ -126,9 +170,13 @@ TextRange grown(QStringView line, TextRange credential) {
         const auto next = piece.matchAt(line, credential.end());
         if (!next || next->groups[0].length < shortestPiece ||
             breaks(line.sliced(next->groups[0].location, next->groups[0].length)) < fewestBreaks)
-            return credential;
+            break;
         credential.length = next->range.end() - credential.location;
     }
+    // All of a long one up to the next blank: a row of a key in several rows.
+    static const RegularExpression rest(uR"([^\s"'”“<>()\[\]{},;]{1,60})");
+    const auto end = credential.length >= shortestRow ? rest.matchAt(line, credential.end()) : std::nullopt;
+    return end ? TextRange{credential.location, end->range.end() - credential.location} : credential;
 }
 
 /// A signed token is long and has every sign there is: it goes on over blanks and all signs, past a stray one
@@ -168,6 +216,28 @@ bool isRandom(QStringView text) {
     return parts.changes >= leastOfPath && parts.upper + parts.lower >= 4 && parts.digits >= fewestDigits;
 }
 
+/// What stands in a cell beside the label of a secret, unless it says something of it, such as "never used".
+std::optional<TextRange> secretInCell(QStringView line) {
+    constexpr qsizetype shortest = 4;
+    constexpr qsizetype longestAnswer = 40;
+    const auto labelled = LabelledValue::of(line);
+    if (!labelled || labelled->topic != LabelTopic::secret)
+        return std::nullopt;
+    const Expressions& expressions = Expressions::shared();
+    const QStringView cell = line.sliced(labelled->value.location, labelled->value.length);
+    const bool isWord = std::ranges::none_of(cell, [](QChar character) { return character.isSpace(); });
+    const bool isCount = line.first(labelled->value.location).contains(u"token", Qt::CaseInsensitive);
+    const bool isAnswer = expressions.answer.hasMatch(line.first(labelled->value.location));
+    const auto torn = expressions.tornInCell.matchAt(cell, 0);
+    if ((isAnswer && cell.size() <= longestAnswer && cell[0].isLetterOrNumber()) ||
+        (isWord && cell.size() >= shortest && isChosen(cell)) ||
+        (expressions.numberInCell.hasMatch(cell) && !isCount) || expressions.codesInCell.hasMatch(cell) ||
+        expressions.wordAndNumber.hasMatch(cell) || expressions.wordsInCell.hasMatch(cell) ||
+        (torn && Composition(cell).digits > 0))
+        return labelled->value;
+    return std::nullopt;
+}
+
 } // namespace
 
 std::vector<TextRange> CredentialFinder::find(QStringView line) const {
@@ -190,12 +260,27 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         if (key.length >= shortestKey && breaks(line.sliced(key.location, key.length)) >= fewestBreaksOfKey)
             add(key);
     }
-    for (const auto& match : expressions.code.matches(line))
-        add(match.groups[0]);
+    if (const auto secret = secretInCell(line))
+        add(*secret);
+    const bool hasDigit = Composition(line).digits > 0;
+    for (const RegularExpression* expression :
+         {&expressions.code, &expressions.codeBefore, &expressions.codeToEnter, &expressions.door,
+          &expressions.wordsWithNumber, &expressions.authenticatorKey}) {
+        if (!hasDigit)
+            break;
+        for (const auto& match : expression->matches(line))
+            add(match.groups[0]);
+    }
     for (const auto& match : expressions.groups.matches(line)) {
         const TextRange codes = match.groups[0];
         if (Composition(line.sliced(codes.location, codes.length)).digits > 0)
             add(codes);
+    }
+    for (const auto& match : expressions.codeAlone.matches(line)) {
+        const TextRange range = match.groups[0];
+        const Composition parts(line.sliced(range.location, range.length));
+        if (parts.changes >= 2 && parts.lower >= 2)
+            add(range);
     }
     for (const TextRange range : expressions.hyphenated.ranges(line)) {
         if (breaks(line.sliced(range.location, range.length)) >= fewestBreaksOfKey)
@@ -209,13 +294,23 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         endOfToken = token.end();
         add(token);
     }
-    for (const RegularExpression* expression :
-         {&expressions.column, &expressions.assignment, &expressions.sentence, &expressions.withPassword}) {
-        for (const auto& match : expression->matches(line)) {
+    const auto addChosen = [&](const RegularExpression& expression, int fewestDigits) {
+        for (const auto& match : expression.matches(line)) {
             const TextRange secret = match.groups[0];
-            if (isChosen(line.sliced(secret.location, secret.length)))
+            const QStringView text = line.sliced(secret.location, secret.length);
+            if (isChosen(text) && Composition(text).digits >= fewestDigits)
                 add(secret);
         }
+    };
+    for (const auto& match : expressions.words.matches(line))
+        add(match.groups[0].location >= 0 ? match.groups[0] : match.groups[1]);
+    for (const RegularExpression* expression :
+         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.codeOfThing,
+          &expressions.user})
+        addChosen(*expression, 0);
+    if (hasDigit) {
+        addChosen(expressions.torn, 1);
+        addChosen(expressions.quoted, 1);
     }
     for (const TextRange range : expressions.run.ranges(line)) {
         if (isRandom(line.sliced(range.location, range.length)))

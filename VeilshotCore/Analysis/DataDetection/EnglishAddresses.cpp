@@ -13,13 +13,15 @@ namespace {
 using namespace AddressParts;
 
 const QString streetType =
-    u"Street|St|Avenue|Ave|Boulevard|Blvd|Road|Rd|Lane|Ln|Drive|Dr|Court|Ct|Place|Pl|Square|Sq|Terrace|Ter"
+    u"Street|St|Tce|Cres|Pde|Avenue|Ave|Boulevard|Blvd|Road|Rd|Lane|Ln|Drive|Dr|Court|Ct|Place|Pl|Square|Sq|"
+    u"Terrace|Ter"
     u"|Parkway|Pkwy|Way|Circle|Cir|Highway|Hwy|Trail|Trl|Plaza|Plz|Alley|Loop|Row|Mews|Close|Crescent|Grove"
     u"|Gardens|Walk|Hill|Wharf|Quay|Green|Parade|Yard|Gate|Rise|View|Broadway|Esplanade|Turnpike|Pike|Path"
     u"|Run|Bend|Ridge|Commons|Embankment|Approach|Vale|Mount"_s;
 /// Words that end the name of a street, and many another name too: only where nothing else stands.
 const QString rareStreetType =
-    u"Acre|Acres|Bluff|Brae|Brook|Brow|Causeway|Chase|Cliff|Cove|Creek|Croft|Crossroads|Dale|Dell|Dene"
+    u"Acre|Acres|Cottages|Bluff|Brae|Brook|Brow|Causeway|Chase|Cliff|Cove|Creek|Croft|Crossroads|Dale|Dell|"
+    u"Dene"
     u"|Downs|Expressway|Forge|Garth|Glade|Glen|Grange|Haven|Heath|Hollow|Holme|Hts|Hurst|Knoll|Knolls"
     u"|Lawn|Lea|Leas|Manor|Marsh|Mead|Meadow|Meadows|Mill|Mills|Moor|Nook|Orchard|Overlook|Paddock|Pines"
     u"|Pointe|Prairie|Rapids|Reach|Ridings|Sands|Shoal|Spinney|Spur|Strand|Throughway|Trafficway|Viaduct"
@@ -86,7 +88,7 @@ QString wordsBeforePlace() {
     return houseNumber() + uR"(\s+)"_s + optional(compass() + uR"(\s+)"_s) +
            uR"((?:(?:(?:[A-Z]|\d{1,3}(?=[a-z]))[\w'’.\-]{0,40}+|)"_s + smallWord +
            uR"()\s+){0,3}[A-Z\d][\w'’.\-]{0,40}+\s?,?\s?)"_s + optional(unit() + uR"(\s?)"_s) + uR"(,\s*)"_s +
-           city() + uR"(,?\s+)"_s +
+           optional(city() + uR"(,\s*)"_s) + city() + uR"(,?\s+)"_s +
            anyOf({state() + uR"(\s+)"_s + zip() + uR"((?!\w))"_s, britishPostcode(), irishPostcode()});
 }
 
@@ -129,6 +131,18 @@ QString streetAlone() {
                   name(uR"(\d{1,2})"_s, QString()) + counted + townFollows});
 }
 
+/// "Rothschild Blvd 12, Tel Aviv", "Rural Route 2 Box 114", "APO AE 09499", "Villa 12, Street 4B, Al Barsha".
+QString numberBehindStreet() {
+    const QString types = uR"((?:Street|St\.?|Avenue|Ave\.?|Boulevard|Blvd\.?|Road|Rd\.?|Lane|Square)\s+)"_s;
+    return anyOf(
+        {beforeName() + u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s + types +
+             uR"((?!(?:19|20)\d\d\b)\d{1,4}[A-Za-z]?(?:/\d{1,3})?(?=\s*(?:,\s*\p{Lu}|$|\t)))"_s,
+         uR"((?<!\w)(?:Rural Route|R\.?R\.?|HC|PSC|CMR)\s?#?\s?\d{1,4},?\s(?:Box|Site)\s\d{1,5}(?!\w))"_s,
+         uR"((?<!\w)(?:APO|FPO|DPO),?\s(?:AE|AP|AA)\s\d{5}(?!\d))"_s,
+         uR"((?<!\w)(?:House|Villa|Office|Shop|Flat|Apartment|Apt|Plot|Block)\s(?:No\.?\s?)?\w{1,5},\s*(?:(?:Street|Road|Lane|Block|Tower|Phase|Sector)\s\w{1,4}|\d{1,2}/F),\s*)"_s +
+             city()});
+}
+
 /// "Rowan Cottage, Shore Rd", "Elm House, 5 Sexton’s": houses with their street. And cottages, apartments
 /// and, behind a label or above a country, flats where nothing else stands.
 QString houseOrFlat() {
@@ -146,7 +160,8 @@ QString houseOrFlat() {
     return start +
            anyOf({words + house + uR"(\s*,\s*\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s +
                       streetWord + u"){0,3}"_s,
-                  words + dwelling + uR"(\s*,\s*)"_s + words + anyOf({streetType}) + uR"(\b)"_s,
+                  anyOf({words + dwelling, uR"(The\s+)"_s + words}) + uR"(\s*,\s*)"_s + words +
+                      anyOf({streetType}) + uR"(\b)"_s,
                   notPraise + uR"((?:The\s+)?)"_s + streetWord +
                       uR"(\s+(?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
                   uR"((?:Apt|Apartment)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s + end,
@@ -186,6 +201,7 @@ QString misreadBritishPlace() {
 QStringList englishAddresses() {
     return {street(),
             broadway(),
+            numberBehindStreet(),
             numberedRoad(),
             spanishStreet(),
             wordsBeforePlace(),

@@ -12,7 +12,7 @@ namespace Veilshot {
 
 namespace {
 
-/// The cities of countries whose postcodes look the same and stand in front of the town.
+/// The cities of countries whose postcodes look the same.
 struct Cities {
     /// With nines for digits and A for letters.
     QStringView postcodes;
@@ -20,8 +20,8 @@ struct Cities {
 };
 
 /// Names that are ordinary words (Nice, Essen, Split) are left out.
-const std::array<Cities, 7>& cities() {
-    static const std::array<Cities, 7> cities{{
+const std::array<Cities, 13>& cities() {
+    static const std::array<Cities, 13> cities{{
         // Norway, Austria, Switzerland, Belgium, Luxembourg, Hungary, Bulgaria, Slovenia, North Macedonia,
         // Albania,
         // Latvia
@@ -80,6 +80,54 @@ const std::array<Cities, 7>& cities() {
              u"zakopane")},
         // Portugal
         {u"9999-999", TownNames(u"lisboa, porto, braga, coimbra, funchal, setúbal, faro")},
+        // New Zealand, Australia, South Africa, Bangladesh, Tunisia, the Philippines
+        {u"9999",
+         TownNames(u"auckland, wellington, christchurch, dunedin, tauranga, napier, palmerston north, "
+                   u"rotorua, whanganui, invercargill, nelson, queenstown, blenheim, timaru, gisborne, new "
+                   u"plymouth, hamilton, whangarei, sydney, melbourne, brisbane, "
+                   u"adelaide, hobart, canberra, cape town, johannesburg, durban, pretoria, stellenbosch, "
+                   u"port elizabeth, gqeberha, bloemfontein, sandton, dhaka, chittagong, tunis, manila, "
+                   u"quezon city, makati, cebu city")},
+        // Turkey, Israel (old), Mexico, Peru, Malaysia, Thailand, Indonesia, South Korea, Pakistan, Kenya,
+        // Ghana,
+        // Morocco, Egypt, Ukraine, Vietnam, Saudi Arabia, Taiwan
+        {u"99999",
+         TownNames(
+             u"istanbul, i̇stanbul, ankara, izmir, i̇zmir, bursa, antalya, adana, konya, kadıköy, beşiktaş, "
+             u"ciudad de méxico, cdmx, chicago, new york, brooklyn, los angeles, houston, philadelphia, "
+             u"seattle, denver, boston, "
+             u"portland, oakland, san francisco, san diego, miami, atlanta, austin, minneapolis, pittsburgh, "
+             u"somerville, "
+             u" guadalajara, monterrey, puebla, lima, arequipa, kuala lumpur, penang, "
+             u"johor bahru, petaling jaya, bangkok, chiang mai, jakarta, jakarta selatan, bandung, surabaya, "
+             u"yogyakarta, denpasar, seoul, busan, incheon, daegu, lahore, karachi, islamabad, "
+             u"rawalpindi, nairobi, mombasa, kisumu, accra, casablanca, rabat, marrakech, fes, cairo, giza, "
+             u"alexandria, kyiv, lviv, odesa, kharkiv, hanoi, ha noi, hà nội, riyadh, jeddah, taipei")},
+        // Vietnam, Nigeria, India, China, Singapore, Romania, Russia, Kazakhstan, Colombia
+        {u"999999, 999 999",
+         TownNames(
+             u"hcmc, tp hcm, tp. hcm, ho chi minh, ho chi minh city, hồ chí minh, hanoi, ha noi, hà nội, da "
+             u"nang, "
+             u"đà nẵng, hue, can tho, hai phong, lagos, abuja, ibadan, kano, port harcourt, enugu, "
+             u"benin city, lekki, ikeja, kaduna, mumbai, new delhi, delhi, bengaluru, bangalore, chennai, "
+             u"kolkata, hyderabad, pune, ahmedabad, jaipur, kochi, gurgaon, gurugram, noida, lucknow, "
+             u"indore, "
+             u"chandigarh, goa, beijing, shanghai, shenzhen, guangzhou, chengdu, hangzhou, singapore, "
+             u"bucurești, cluj-napoca, iași, timișoara, moskva, moscow, sankt-peterburg, almaty, bogotá, "
+             u"medellín, cali")},
+        // Israel, Chile
+        {u"9999999",
+         TownNames(
+             u"tel aviv, tel aviv-yafo, tel-aviv, jerusalem, haifa, ramat gan, beer sheva, be'er sheva, "
+             u"netanya, "
+             u"herzliya, petah tikva, rishon lezion, holon, santiago, concepción, valparaíso, viña del mar")},
+        // Japan
+        {u"999-9999", TownNames(u"tokyo, kyoto, osaka, yokohama, nagoya, sapporo, fukuoka, kobe, sendai, "
+                                u"hiroshima, kawasaki, nara")},
+        // Brazil
+        {u"99999-999", TownNames(u"são paulo, rio de janeiro, belo horizonte, brasília, salvador, fortaleza, "
+                                 u"curitiba, recife, porto alegre, "
+                                 u"manaus, belém, goiânia, florianópolis, campinas, santos, natal")},
         // Iceland
         {u"999", TownNames(u"reykjavík, kópavogur, hafnarfjörður, akureyri")},
     }};

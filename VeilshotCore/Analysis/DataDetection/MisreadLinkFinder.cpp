@@ -103,6 +103,8 @@ private:
             beforeLocal +
                 uR"((?!config|settings|docker|app|env|database|makefile|readme|nginx)(?=[a-z\d]{12}))"
                 uR"([a-z\d]{2,30}a[a-z\d]{4,30}\.example(?![\p{L}\p{N}(_/]|[.-]\p{L}))"_s,
+            // In angle brackets behind a name there is nothing else, whatever the sign was read for.
+            uR"((?<=\p{L}\s<)[\p{L}\d][\p{L}\d._+ -]{2,40}\.(?:com|net|org|dk|eu|example)(?=>))"_s,
             // The next word follows at once.
             beforeLocal + uR"((?=[\p{L}\d-]+[._]))"_s + local +
                 uR"(@(?:\p{L}[\p{L}-]{2,40}\.){1,3}(?:example|com|net|org|dk)(?=\p{L}*\d))"_s,

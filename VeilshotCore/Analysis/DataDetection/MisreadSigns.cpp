@@ -19,6 +19,8 @@ struct Expressions {
     RegularExpression number{
         uR"((?<![\p{L}\p{N}_])[\dOoQDIl|iSBZ]{1,16}(?:[ ().,:/-]{1,2}[\dOoQDIl|iSBZ]{1,16}){0,8}(?![\p{L}\p{N}_]))",
         sensitive};
+    /// In a number to call from abroad: "+27 82 $55 0164".
+    RegularExpression currency{uR"((?<=\+\d{1,3}[\d ()-]{1,14})[$@](?=\d))"};
     RegularExpression lettersOnly{uR"((?<![\dOoQDIl|iSBZ])[OoQDIl|iSBZ]+(?![\dOoQDIl|iSBZ]))", sensitive};
     /// In numbers, e-mail addresses and names of places; between the words of a program they belong.
     RegularExpression underscore{
@@ -67,6 +69,8 @@ RewrittenLine withoutMisreadSigns(QStringView line) {
     std::vector<RewrittenLine::Edit> edits;
     for (const TextRange range : expressions.number.ranges(line))
         appendDigits(edits, line, range);
+    for (const TextRange range : expressions.currency.ranges(line))
+        edits.push_back({range, line[range.location] == u'$' ? u"5"_s : u"0"_s});
     for (const RegularExpression* noise :
          {&expressions.underscore, &expressions.blankInDomain, &expressions.blankInPath}) {
         for (const TextRange range : noise->ranges(line))

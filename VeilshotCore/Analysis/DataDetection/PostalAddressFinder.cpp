@@ -5,11 +5,13 @@
 #include "VeilshotCore/Analysis/DataDetection/DanishTowns.h"
 #include "VeilshotCore/Analysis/DataDetection/LargeCities.h"
 #include "VeilshotCore/Analysis/DataDetection/PostalAddressGrammar.h"
+#include "VeilshotCore/Analysis/TellingLabel.h"
 
 #include <QString>
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -60,6 +62,21 @@ bool isEuropeanPlace(QStringView line, const RegularExpression::Match& match) {
             isLargeCity(line.sliced(first.location, second.end() - first.location), code));
 }
 
+/// With as many of the words in front as belong to the city.
+std::optional<TextRange> placeBeforePostcode(QStringView line, const RegularExpression::Match& match) {
+    const TextRange last = match.groups[3];
+    const TextRange postcode = match.groups[4];
+    const QStringView code = line.sliced(postcode.location, postcode.length);
+    if (isYear(code))
+        return std::nullopt;
+    for (const TextRange first : match.groups) {
+        if (first.location >= 0 && first.location <= last.location &&
+            isLargeCity(line.sliced(first.location, last.end() - first.location), code))
+            return TextRange{first.location, postcode.end() - first.location};
+    }
+    return std::nullopt;
+}
+
 TextRange withoutBlanksAround(QStringView line, TextRange range) {
     while (range.length > 0 && line[range.location].isSpace())
         range = {range.location + 1, range.length - 1};
@@ -81,6 +98,10 @@ std::vector<TextRange> anchors(QStringView line, const PostalAddressGrammar& gra
     for (const auto& match : grammar.europeanPlace.matches(line)) {
         if (isEuropeanPlace(line, match))
             anchors.push_back(match.range);
+    }
+    for (const auto& match : grammar.placeBeforePostcode.matches(line)) {
+        if (const auto place = placeBeforePostcode(line, match))
+            anchors.push_back(*place);
     }
     std::ranges::sort(anchors, {}, [](TextRange range) { return std::pair(range.location, range.length); });
     return anchors;
@@ -136,6 +157,7 @@ TextRange grownLeft(QStringView line, TextRange address, const PostalAddressGram
     };
     if (!grownOverUnits() && grownOver(grammar.precedingHouse))
         grownOverUnits();
+    grownOver(grammar.precedingParts);
     return address;
 }
 
@@ -165,7 +187,7 @@ std::vector<TextRange> addressesIn(QStringView line) {
 /// Hardly any address does without a number, but houses have names.
 bool mayHoldAddress(QStringView line) {
     static const RegularExpression house(
-        u"Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,|[Cc]\\s?/\\s?[Oo]\\b"_s,
+        u"^The .*,|Cottage|Farm|Rectory|Vicarage|House,|Lodge,|Barn,|Manor,|Hall,|[Cc]\\s?/\\s?[Oo]\\b"_s,
         RegularExpression::CaseSensitivity::sensitive);
     return std::ranges::any_of(line, [](QChar character) { return character.isDigit(); }) ||
            house.hasMatch(line);
@@ -184,9 +206,72 @@ std::vector<TextRange> merged(std::vector<TextRange> addresses) {
     return apart;
 }
 
-} // namespace
+/// What the fields of an address hold, which nothing else tells from other words and numbers.
+struct FieldShapes {
+    RegularExpression remark{
+        uR"(^(?:add(?:ed)?|edit|changed?|same|use|select|choose|enter|none|no|not|any|all|other|unknown|optional|required)"
+        uR"(|county|country|land|phone|telefon|e-?mail|name|navn|status|orders|dat[eo]|years|type|search|find|see|verified|updated?)"
+        uR"(|last|confirmed|missing|invalid|tilføj|rediger|vælg|samme|ingen|alle|ukendt)\b)"};
+    RegularExpression address{
+        uR"(^(?=.*\d)(?=.*\p{L}{2})[\p{Lu}\d#][^@:;?!|]{3,70}$)"
+        uR"(|^\p{Lu}[\p{L}.’'-]*(?: [\p{L}.’'-]+){0,4}, \p{Lu}[\p{L}.’'-]*(?: \p{Lu}[\p{L}.’'-]*){0,3}$)"
+        uR"(|^\p{Lu}\p{Ll}{2,20}(?:vej|gade|vænget|stræde|allé|plads|torv|gatan|vägen|veien|gata|straße|strasse|straat|laan|weg)$)"
+        uR"(|^(?:\p{Lu}[\p{L}.’'-]{1,20} ){1,3}(?i:street|st|road|rd|avenue|ave|lane|ln|drive|dr|close|way|court|ct|place|terrace|crescent|boulevard|blvd)\.?$)",
+        RegularExpression::CaseSensitivity::sensitive};
+    RegularExpression town{
+        uR"(^(?:(?:[A-Z]{1,2}-)?\d{3,7} )?\p{Lu}[\p{L}.’'-]+(?: [\p{L}.’'-]+){0,3}(?:,? [A-Z]{2})?(?: \d{4,7})?$)",
+        RegularExpression::CaseSensitivity::sensitive};
+    RegularExpression quantity{uR"(\d[.,]\d|^\d+ ?(?:[KMG]B|kg|km|cm|mm|m|pcs|stk|kr)\b)"};
+    RegularExpression district{uR"( (?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)$)"};
+    RegularExpression postcode{uR"(^(?=.{0,14}\d)[\p{L}\d#][\p{L}\d .#-]{0,13}$)"};
+    RegularExpression state{u"^[A-Z]{2}$", RegularExpression::CaseSensitivity::sensitive};
+    RegularExpression houseNumber{uR"(^\d{1,4} ?[A-Za-z]?$)"};
 
-std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
+    static const FieldShapes& shared() {
+        static const FieldShapes shapes;
+        return shapes;
+    }
+};
+
+bool isFieldOfAddress(LabelTopic topic, QStringView label, QStringView value) {
+    const FieldShapes& shapes = FieldShapes::shared();
+    // In capitals as the label is: the next header.
+    const auto isInCapitals = [](QStringView text) { return text.toString().toUpper() == text; };
+    const bool isHeader = isInCapitals(label) && isInCapitals(value);
+    if (shapes.remark.hasMatch(value))
+        return false;
+    switch (topic) {
+    case LabelTopic::address:
+        return !isHeader && shapes.address.hasMatch(value);
+    case LabelTopic::town: // "By" names an author too
+        if (label.compare(u"by", Qt::CaseInsensitive) == 0)
+            return isDanishTown(value.chopped(shapes.district.hasMatch(value) ? 2 : 0));
+        return !isHeader && shapes.town.hasMatch(value);
+    case LabelTopic::postcode:
+        return !shapes.quantity.hasMatch(value) &&
+               (shapes.postcode.hasMatch(value) || (!isHeader && shapes.address.hasMatch(value)));
+    case LabelTopic::state:
+        return !isHeader && shapes.state.hasMatch(value);
+    case LabelTopic::houseNumber:
+        return shapes.houseNumber.hasMatch(value);
+    default:
+        return false;
+    }
+}
+
+std::vector<TextRange> allAddresses(QStringView line);
+
+std::vector<TextRange> addressesInField(QStringView line, const LabelledValue& field) {
+    const QStringView value = line.sliced(field.value.location, field.value.length);
+    if (isFieldOfAddress(field.topic, line.first(line.indexOf(u'\t')).trimmed(), value))
+        return {field.value};
+    std::vector<TextRange> addresses = allAddresses(value);
+    for (TextRange& address : addresses)
+        address.location += field.value.location;
+    return addresses;
+}
+
+std::vector<TextRange> allAddresses(QStringView line) {
     if (!mayHoldAddress(line))
         return {};
     std::vector<TextRange> addresses = addressesIn(line);
@@ -205,6 +290,13 @@ std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
             addresses.push_back({field.location + address.location, address.length});
     }
     return merged(std::move(addresses));
+}
+
+} // namespace
+
+std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
+    const auto field = LabelledValue::of(line);
+    return field ? addressesInField(line, *field) : allAddresses(line);
 }
 
 } // namespace Veilshot

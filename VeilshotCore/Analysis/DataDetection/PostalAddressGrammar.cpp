@@ -16,7 +16,8 @@ namespace {
 using namespace AddressParts;
 
 const QString postBox =
-    uR"((?<!\w)(?i:P\.?\s?O\.?\s?Box|Post(?:boks|box|fach|office box))\s+\d{1,6}(?!\w))"_s;
+    uR"((?<!\w)(?i:P\.?\s?[O0]\.?\s?Box|Post(?:boks|box|fach|bus|office box)|(?:private|locked) bag|pósthólf|apartado(?: postal)?)"
+    uR"(|caixa postal|casilla|skrytka pocztowa|bo[iî]te postale|(?<=[,\t]\s?|^)(?:Box|C\.P\.|PMB))\s+(?:[A-Z]-?)?\d{1,6}(?:\s?[-–]\s?\d{5})?(?!\w))"_s;
 const QString careOf = uR"((?<![\w/])[Cc]\s?/\s?[Oo]\.?\s\p{Lu}[^,;:\t]{1,40})"_s;
 std::vector<RegularExpression> compiled(const QStringList& patterns, const QString& prefix = {}) {
     std::vector<RegularExpression> expressions;
@@ -54,6 +55,14 @@ QStringList placePatterns() {
         city() + uR"(,?\s+[A-Z]{1,2}\s+)"_s + digits + misreadDigit + cellEnd,
         city() + uR"(,\s*[A-Z]{1,2})"_s + cellEnd,
         city() + uR"(,?\s+[A-Z]{1,2}\d[\dA-Z]?(?:\s?[\dOIlSBZ][A-Z\d]{0,2})?)"_s + misreadDigit + cellEnd,
+        uR"(\d{5,7}\s+)"_s + city() + uR"((?:\s?/\s?\p{Lu}\p{L}{2,20})?)"_s,
+        city() + uR"(\s?[-–/]\s?[A-Z]{2})"_s + optional(uR"(,?\s+(?:CEP:?\s?)?\d{5}-?\d{3})"_s) +
+            uR"((?!\w))"_s,
+        city() + uR"(,?\s+(?:\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{5,7})(?![\w-]))"_s,
+        city() + uR"(\s\((?:Qu[ée]bec|Ontario|QC|ON|BC)\)\s+)"_s + canadianPostcode(),
+        uR"((?:Singapore\s|S)\(?\d{6}\)?(?!\w))"_s,
+        uR"([A-Z]\d{4}[A-Z]{3}\s+)"_s + city(),
+        uR"((?:\d{3} \d{2}|\d{5})\s+)"_s + city() + uR"(\s\d{1,2}(?![\w.,]))"_s,
         country(),
     };
 }
@@ -61,24 +70,37 @@ QStringList placePatterns() {
 } // namespace
 
 PostalAddressGrammar::PostalAddressGrammar()
-    : anchors(compiled(englishAddresses() + continentalAddresses() +
-                       QStringList{postBox, uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
+    : anchors(compiled(
+          englishAddresses() + continentalAddresses() +
+          QStringList{
+              postBox,
+              uR"((?<!\w)(?=[A-Z]{0,2}\d)(?<=(?i:\bzip code|\bpost ?code|\bpostal code|\bpostnr|\bpostnummer|\bplz)[:.]{0,2}\s)(?:\d{4,6}(?:-\d{3,4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2})(?![\w.,]\w))"_s,
+              uR"((?<=,\s)Dublin\s\d{1,2}W?(?!\w))"_s,
+              uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
       danishPlace(compiled(
           uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå](?:\w{1,3}\.|\w{1,40}+)))"_s +
           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s + uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
-      europeanPlace(compiled(uR"((?<![\w@.,#:\-])(?:[A-Z]{1,3}-\s?)?()"_s +
-                             anyOf({uR"(\d{5})"_s, swedishPostcode(), hyphenatedPostcode(),
-                                    uR"(\d{4}(?:\s[A-Z]{2})?)"_s, uR"(101(?=\s+R))"_s}) +
-                             uR"()\s+(\p{Lu}[\p{L}'’\-]{1,30}+)(?:\s(\p{Lu}[\p{L}'’\-]{1,30}+))?)"_s)),
+      europeanPlace(
+          compiled(uR"((?<![\w@.,#:\-])(?:[A-Z]{1,3}-\s?)?()"_s +
+                   anyOf({uR"(\d{5,7}(?!-\d))"_s, uR"((?:\d{5}-\d{3}|\d{3}-\d{4}))"_s, swedishPostcode(),
+                          hyphenatedPostcode(), uR"(\d{4}(?:\s[A-Z]{2})?)"_s, uR"(101(?=\s+R))"_s}) +
+                   uR"()\s+(\p{Lu}[\p{L}'’\-]{1,30}+)(?:\s(\p{Lu}[\p{L}'’\-]{1,30}+))?)"_s)),
+      placeBeforePostcode(compiled(
+          uR"((?<![\w@.\-])(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(\p{Lu}[\p{L}'’.\-]{1,20}),?\s(?:[-–]\s)?)"
+          uR"((\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{4,7})(?![\w\-]|[.,]\d| \p{Ll}{4}))"_s)),
       continuations(compiled({floor(), unit()}, separatorOfUnit)),
       places(compiled(placePatterns(), separator)),
       area(compiled(uR"(\s*,\s*)"_s + city() + uR"((?=\s*,))"_s)),
       lastArea(compiled(uR"(\s*,\s*)"_s + city() + uR"((?:\s+\d{1,4})?)"_s + cellEnd)),
       precedingUnit(compiled(uR"(((?:)"_s + unit() + u'|' + careOf + uR"(,)\s*,?\s*)$)"_s)),
       precedingHouse(compiled(
-          uR"((?:^|(?<=[:\-–—•>]\s)|(?<=(?:Unit|Suite|Flat|Apt|Floor|Room)\s\w{1,4},\s))((?!(?:Mr|Mrs|Ms|Dr|Ship|Deliver|Visit|Send|Adr|Addr|Adresse|Address)\b))"_s +
-          anyOf({unit(), uR"((?:The\s+)?)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}"_s}) +
-          uR"(\s*,\s*)$)"_s)) {}
+          uR"((?:^|(?<=[:\-–—•>]\s)|(?<=\b(?:to|til|from|fra|at|hos|på|ved)\s)|(?<=(?:Unit|Suite|Flat|Apt|Floor|Room)\s\w{1,4},\s))((?!(?:Mr|Mrs|Ms|Dr|Ship|Deliver|Visit|Send|Adr|Addr|Adresse|Address)\b))"_s +
+          anyOf({unit(), unit() + uR"((?:,\s*)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}){1,3}"_s,
+                 uR"((?:The\s+)?)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}"_s}) +
+          uR"(\s*,\s*)$)"_s)),
+      precedingParts(compiled(
+          uR"((?:^|(?<=[:;–—•>\t]\s?))\s{0,2}(?=\D{0,80}\d)((?:(?:[A-Z]{1,2}\.|[\p{Lu}\d#][\p{L}\d.'’/#º°\-]{0,24})(?:\s(?:de|del|da|do|na|of|[a-z]{1,3}\.|[\p{Lu}\d#(][\p{L}\d.'’/#º°()\-]{0,24})){0,5},\s*){1,5})$)"_s)) {
+}
 
 const PostalAddressGrammar& PostalAddressGrammar::shared() {
     static const PostalAddressGrammar grammar;

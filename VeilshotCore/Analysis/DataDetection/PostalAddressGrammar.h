@@ -17,6 +17,9 @@ struct PostalAddressGrammar {
     RegularExpression danishPlace;
     /// The same of other countries. Groups: the postcode, the first word, the second word.
     RegularExpression europeanPlace;
+    /// The other way round: up to four words and a postcode. Groups: the words, of which only the last
+    /// must be there, then the postcode.
+    RegularExpression placeBeforePostcode;
 
     /// Parts that may follow, with the separator before them: floor, flat, town, postcode, country.
     std::vector<RegularExpression> continuations;
@@ -31,6 +34,8 @@ struct PostalAddressGrammar {
     /// begins the line or the sentence. Group 1 is what belongs to the address.
     RegularExpression precedingUnit;
     RegularExpression precedingHouse;
+    /// All from the beginning of the line or the sentence, if it has a number.
+    RegularExpression precedingParts;
 
     /// Built at the first call, kept for good.
     static const PostalAddressGrammar& shared();

@@ -108,13 +108,13 @@ bool isMisreadPair(const NameLine& line, size_t at) {
 }
 
 /// "Ottavia" and nothing else: a first name, since many last names are towns, no other word and spelt like a
-/// name.
+/// name, the more so if it is as short as what is misread from icons.
 bool isLoneName(const NameLine& line, size_t at) {
-    constexpr double least = 0;
+    constexpr qsizetype shortest = 4;
     const NameWord& word = line.word(at);
-    return line.isFilledBy({at, at}) && word.letterCase == LetterCase::title && word.canBeName &&
-           word.range.length > 3 && word.is(anyFirstName) && !word.is(anyMeaning) &&
-           spellingOfName(word.folded) >= least;
+    const double least = word.range.length < shortest ? 2 : 0;
+    return line.isFilledBy({at, at}) && word.isShapedLikeName() && word.is(anyFirstName) &&
+           !word.is(anyMeaning) && spellingOfName(word.folded) >= least;
 }
 
 /// The last word of "Kahurangi, Moana", "de Wilde, Famke" or "Penn, William T." and nothing else.

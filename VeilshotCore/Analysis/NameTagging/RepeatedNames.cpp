@@ -17,16 +17,26 @@ bool isWord(const NameToken& token) {
     return token.kind == NameToken::Kind::word;
 }
 
-/// The words of the names of several words, looked up as in the lexicon.
-std::vector<std::string> wordsOfFullNames(const QString& passage, const NameTagger& tagger) {
+/// "Hi Tam": who is greeted by a single name is called by it elsewhere too.
+bool isGreeted(const NameLine& line, TextRange name) {
+    for (std::size_t at = 1; at < line.size(); ++at) {
+        if (line.word(at).range == name)
+            return line.word(at).touches() && line.word(at - 1).is(WordTrait::greeting);
+    }
+    return false;
+}
+
+/// The words of the names of several words and of those who are greeted, looked up as in the lexicon.
+std::vector<std::string> wordsOfNames(const QString& passage, const NameTagger& tagger) {
     constexpr qsizetype shortest = 3;
     std::vector<std::string> words;
     const std::vector<NameToken> tokens = nameTokens(passage);
+    const NameLine line(NameLexicon::shared(), passage);
     for (const TextRange name : tagger.personalNames(passage)) {
         const auto isInName = [&](const NameToken& token) {
             return isWord(token) && token.range.intersects(name);
         };
-        if (std::ranges::count_if(tokens, isInName) < 2)
+        if (std::ranges::count_if(tokens, isInName) < 2 && !isGreeted(line, name))
             continue;
         for (const NameToken& token : tokens) {
             if (isInName(token) && token.range.length >= shortest)
@@ -81,7 +91,7 @@ std::vector<TextRange> namesInPlace(QStringView place, const std::vector<std::st
 
 std::vector<TextRange> repeatedNames(const QString& line, const NameTagger& tagger) {
     qsizetype end = line.indexOf(repeatSeparator);
-    const std::vector<std::string> words = wordsOfFullNames(line.first(end), tagger);
+    const std::vector<std::string> words = wordsOfNames(line.first(end), tagger);
     std::vector<TextRange> names;
     while (end < line.size() && !words.empty()) {
         const qsizetype start = end + repeatSeparator.size();

@@ -64,9 +64,12 @@ bool isInSentence(const NameLine& line) {
     return small >= leastSmallWords;
 }
 
-/// "River Trent": a capitalised word in front says what it is, unless it introduces people.
+/// "River Trent": a capitalised word in front says what it is, unless it introduces or praises people.
 bool isNamedByTheWordBefore(const NameLine& line, size_t at) {
-    return at > 0 && line.word(at).touches() && !line.word(at - 1).isLower() && !line.word(at - 1).isNumber &&
+    constexpr std::array<std::string_view, 8> praise{"old",  "young", "little", "dear",
+                                                     "poor", "gamle", "lille",  "unge"};
+    return at > 0 && !line.word(at - 1).isOneOf(praise) && line.word(at).touches() &&
+           !line.word(at - 1).isLower() && !line.word(at - 1).isNumber &&
            !line.word(at - 1).is(WordTrait::title | WordTrait::role | WordTrait::greeting | WordTrait::label |
                                  WordTrait::namePossible | WordTrait::nameBefore);
 }
@@ -91,6 +94,16 @@ std::optional<size_t> endOfFirstName(const NameLine& line, size_t at) {
                              (isInSentence(line) && !next.is(WordTrait::functionWord | WordTrait::calendar |
                                                              WordTrait::place | WordTrait::organisation)));
     return isLastName ? at + 1 : at;
+}
+
+/// "Lettice would like": any first name that means nothing else, in front of what people do.
+bool isFirstNameOfSomebody(const NameLine& line, size_t at) {
+    constexpr std::array<std::string_view, 12> others{"would", "could", "should", "can", "did", "does",
+                                                      "kunne", "ville", "skulle", "fik", "gik", "kom"};
+    const NameWord& next = line.word(at + 1);
+    return isListedOnlyAs(anyFirstName, line.word(at)) && next.touches() && next.isLower() &&
+           (next.is(WordTrait::personVerb | WordTrait::auxiliary) || next.isOneOf(others)) &&
+           !isNamedByTheWordBefore(line, at);
 }
 
 /// "with Pugh on Sunday", "then Pugh brings the ladder".
@@ -184,7 +197,7 @@ std::vector<TextRange> unmistakableNames(const NameLine& line) {
             append(at, *last);
         else if (isFirstNameOfLastName(line, at))
             append(at, at + 1);
-        if (isLastNameOfSomebody(line, at))
+        if (isLastNameOfSomebody(line, at) || isFirstNameOfSomebody(line, at))
             append(at, at);
     }
     appendNamesOfMailboxes(names, line);

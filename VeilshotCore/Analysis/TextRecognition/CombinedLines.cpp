@@ -3,11 +3,14 @@
 #include "VeilshotCore/Analysis/ColumnLine.h"
 #include "VeilshotCore/Analysis/RegularExpression.h"
 #include "VeilshotCore/Analysis/TellingLabel.h"
+#include "VeilshotCore/Analysis/TextRecognition/DetailLabels.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPart.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPlacement.h"
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -31,11 +34,11 @@ bool mayBeStreet(const QString& text) {
     return expression.hasMatch(text);
 }
 
-/// A town with its postcode.
+/// A town with its postcode, on either side.
 bool isPlace(const QString& text) {
     static const RegularExpression expression(
-        uR"(^(?:(?:[A-Z]{1,2}-)?(?:(?!19|20)\d{4}|(?:19|20)\d\d(?= Frederiksberg| København)|\d{5}|\d{3} \d{2}|\d{2}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
-        uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2},? \d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}))$)",
+        uR"(^(?:(?:[A-Z]{1,2}-)?(?:(?!19|20)\d{4}|(?:19|20)\d\d(?= Frederiksberg| København)|\d{5,7}|\d{3} \d{2,3}|\d{2}-\d{3}|\d{4,5}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
+        uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2,3},? )?(?:\d{5}(?:-\d{4})?|(?!19|20)\d{4}|\d{6,7}|\d{3} \d{3}|\d{3}-\d{4}|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|[A-Z]\d[A-Z] ?\d[A-Z]\d|[A-Z]\d[\dW] [A-Z\d]{4}))$)",
         sensitive);
     return expression.hasMatch(text);
 }
@@ -46,8 +49,9 @@ bool isTown(const QString& text) {
 }
 
 bool isBarePostcode(const QString& text) {
-    static const RegularExpression expression(uR"(^(?:\d{5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2})$)",
-                                              sensitive);
+    static const RegularExpression expression(
+        uR"(^(?:\d{5}(?:-\d{4})?|(?!19|20)\d{4}|\d{6,7}|\d{3} \d{2,3}|\d{3}-\d{4}|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|[A-Z]\d[A-Z] ?\d[A-Z]\d|[A-Z]\d[\dW] [A-Z\d]{4})$)",
+        sensitive);
     return expression.hasMatch(text);
 }
 
@@ -80,12 +84,27 @@ bool goesOnInText(const QString& upper, const QString& lower) {
     static const RegularExpression begunState(uR"(\d.*\p{L}, [A-Z]{2}$)", sensitive);
     static const RegularExpression postcode(uR"(^\d{5}(?![\d,.]?\d))");
     static const RegularExpression word(uR"(\p{L}{2})");
-    return (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
+    static const RegularExpression begunAccount(uR"(\b[A-Z]{2}\d{2}(?: [A-Z\d]{4}){0,6}$)", sensitive);
+    static const RegularExpression restOfAccount(uR"(^(?=[A-Z\d ]{0,6}\d)[A-Z\d]{4} [A-Z\d]{1,4})",
+                                                 sensitive);
+    static const RegularExpression begunHouse(uR"(\p{Lu}\p{Ll}+$)", sensitive);
+    static const RegularExpression restOfHouse(uR"(^\p{Lu}\p{Ll}+, \d{1,4}[A-Za-z]? \p{Lu}\p{Ll})",
+                                               sensitive);
+    return (begunAccount.hasMatch(upper) && restOfAccount.hasMatch(lower)) ||
+           (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
+           (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
            (begunPlace.hasMatch(upper) && town.hasMatch(lower)) ||
            (begunState.hasMatch(upper) && postcode.hasMatch(lower)) ||
            (word.hasMatch(upper) && std::ranges::any_of(pairsOfDigits, [&](const auto& pairs) {
                 return pairs.first.hasMatch(upper) && pairs.second.hasMatch(lower);
             }));
+}
+
+/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card.
+bool isTornName(const QString& upper, const QString& lower) {
+    static const RegularExpression begun(uR"((?:(?<!\S)\p{Ll}+|\p{L}:) \p{Lu}\p{Ll}{2,}$)", sensitive);
+    static const RegularExpression rest(uR"(^\p{Lu}\p{Ll}[\p{L}-]+$)", sensitive);
+    return begun.hasMatch(upper) && rest.hasMatch(lower);
 }
 
 /// Whether a mail or web address is torn by the end of the row, behind one of its signs, or a key behind its
@@ -150,58 +169,108 @@ bool isProse(const SegmentReading& reading) {
 /// begins the next line of a log.
 bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     static const RegularExpression time(uR"(^\[?\d+[:./-]\d)");
-    return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
+    return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text) ||
+           isTornName(upper.text, lower.text);
 }
 
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                           const std::vector<std::size_t>& column, QSize image) {
-    const SegmentReading& header = readings[column.front()];
-    if (!isLabelOfDetail(header.text))
+                           const DetailLabels& labels, const std::vector<std::size_t>& column, QSize image) {
+    if (!labels.isOfDetail(column.front()) || labels.isOfNumber(column.front()))
         return;
-    for (std::size_t row = 1; row < column.size(); ++row) {
-        const SegmentReading& value = readings[column[row]];
-        if (!isBelow(header, value)) // or it is told already
+    const SegmentReading& header = readings[column.front()];
+    for (const std::size_t cell : std::span(column).subspan(1)) {
+        const SegmentReading& value = readings[cell];
+        if (!isBelow(header, value) && labels.mayBeValue(value, cell)) // or it is told already
             appendForEach(lines, {withoutColon(header), whole(value)}, u"\t", image);
     }
 }
 
-void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
-                    const SegmentReading& label, QSize image) {
-    const bool isPerson = isLabelOfPerson(label.text);
-    if (!isPerson && !isLabelOfDetail(label.text))
+/// Numbers in rows of any height, as far as every cell has digits.
+void appendColumnOfNumbers(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                           const DetailLabels& labels, std::size_t header, QSize image) {
+    static const RegularExpression digits(uR"(\d.*\d)");
+    if (!labels.isOfNumber(header))
         return;
-    const auto append = [&](const SegmentReading& value) {
-        if (!isPerson || mayBeName(value.text))
+    for (const std::size_t cell : cellsBelow(header, readings)) {
+        const SegmentReading& value = readings[cell];
+        if (!labels.mayBeValue(value, cell) || !digits.hasMatch(value.text))
+            break;
+        if (!isBelow(readings[header], value)) // or it is told already
+            appendForEach(lines, {withoutColon(readings[header]), whole(value)}, u"\t", image);
+    }
+}
+
+void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
+                    const DetailLabels& labels, std::size_t labelIndex, QSize image) {
+    const SegmentReading& label = readings[labelIndex];
+    const bool isPerson = isLabelOfPerson(label.text);
+    if (!isPerson && !labels.isOfDetail(labelIndex))
+        return;
+    const auto append = [&](std::size_t index) {
+        const SegmentReading& value = readings[index];
+        if (isPerson ? mayBeName(value.text) : labels.mayBeValue(value, index))
             appendForEach(lines, {withoutColon(label), whole(value)}, u"\t", image);
     };
-    const SegmentReading* beside = nullptr;
-    for (const SegmentReading& value : readings) {
-        if (isBelow(label, value))
-            append(value);
-        if (isBeside(label, value) && (!beside || value.box.left() < beside->box.left()))
-            beside = &value;
+    std::optional<std::size_t> beside;
+    std::optional<std::size_t> field;
+    bool isAlone = true;
+    for (std::size_t index = 0; index < readings.size(); ++index) {
+        const SegmentReading& value = readings[index];
+        if (isBelow(label, value)) {
+            append(index);
+            isAlone = false;
+        }
+        if ((isPerson ? isBeside(label, value) : isFarBeside(label, value)) &&
+            (!beside || value.box.left() < readings[*beside].box.left()))
+            beside = index;
+        if (!isPerson && isInFieldBelow(label, value) &&
+            (!field || value.box.top() < readings[*field].box.top()))
+            field = index;
     }
     if (beside)
         append(*beside);
+    if (field && isAlone)
+        append(*field);
 }
 
-/// An address that stands below each other: a street, a town with its postcode or both apart.
-void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& upper,
-                   const SegmentReading& lower, const std::vector<SegmentReading>& readings, QSize image) {
-    if (mayBeStreet(upper.text) && isPlace(lower.text))
-        appendForEach(lines, {whole(upper), whole(lower)}, u", ", image);
-    if (!isTown(upper.text) || !isBarePostcode(lower.text))
+/// An address that stands below each other: a street, perhaps an area, a town with its postcode or both
+/// apart.
+void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& end,
+                   const std::vector<SegmentReading>& readings, QSize image) {
+    constexpr std::size_t mostParts = 5;
+    if (!isPlace(end.text) && !isBarePostcode(end.text))
         return;
-    for (const SegmentReading& street : readings) {
-        if (isBelow(street, upper) && mayBeStreet(street.text))
-            appendForEach(lines, {whole(street), whole(upper), whole(lower)}, u", ", image);
+    std::vector<ReadingPart> parts{whole(end)};
+    while (parts.size() < mostParts) {
+        const SegmentReading& lower = parts.front().reading;
+        const auto upper = std::ranges::find_if(
+            readings, [&](const SegmentReading& reading) { return isBelow(reading, lower); });
+        if (upper == readings.end() || goesOnInText(upper->text, lower.text))
+            return;
+        std::vector<ReadingPart> longer{whole(*upper)};
+        for (const ReadingPart& part : parts)
+            longer.push_back({part.reading, part.range});
+        parts = std::move(longer);
+        if (mayBeStreet(upper->text))
+            return appendForEach(lines, parts, u", ", image);
+        if (!isTown(upper->text))
+            return;
     }
+}
+
+/// Without the label and the colon, with which both lines would be hidden whole.
+ReadingPart behindLabel(const ReadingPart& part) {
+    const QString colon = u": "_s;
+    const qsizetype at = part.text().lastIndexOf(colon);
+    const qsizetype length = at < 0 ? 0 : at + colon.size();
+    return {part.reading, {part.range.location + length, part.range.length - length}};
 }
 
 void appendWrapped(std::vector<RecognizedLine>& lines, const ReadingPart& upper, const ReadingPart& lower,
                    QSize image) {
-    if (!hasLabel(upper.text()) && !hasLabel(lower.text()))
-        appendForEach(lines, {upper, lower}, u" ", image);
+    const ReadingPart unlabelled = behindLabel(upper);
+    if (unlabelled.range.length > 0 && !hasLabel(unlabelled.text()) && !hasLabel(lower.text()))
+        appendForEach(lines, {unlabelled, lower}, u" ", image);
 }
 
 void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
@@ -218,9 +287,8 @@ void appendContinued(std::vector<RecognizedLine>& lines, const std::vector<Segme
                 appendForEach(lines, {whole(upper), whole(lower)}, u" ", image);
             else if (isWrapped(upper, lower))
                 appendWrapped(lines, fewWords(upper, End::last), fewWords(lower, End::first), image);
-            if (!goesOnInText(upper.text, lower.text))
-                appendAddress(lines, upper, lower, readings, image);
         }
+        appendAddress(lines, lower, readings, image);
     }
 }
 
@@ -255,10 +323,13 @@ void appendColumns(std::vector<RecognizedLine>& lines, const std::vector<Segment
 std::vector<RecognizedLine> combinedLines(const std::vector<SegmentReading>& readings, QSize image) {
     const std::vector<std::vector<std::size_t>> columns = columnsOf(readings);
     std::vector<RecognizedLine> lines;
-    for (const SegmentReading& label : readings)
-        appendLabelled(lines, readings, label, image);
+    const DetailLabels labels(readings);
+    for (std::size_t label = 0; label < readings.size(); ++label) {
+        appendLabelled(lines, readings, labels, label, image);
+        appendColumnOfNumbers(lines, readings, labels, label, image);
+    }
     for (const std::vector<std::size_t>& column : columns)
-        appendColumnOfDetails(lines, readings, column, image);
+        appendColumnOfDetails(lines, readings, labels, column, image);
     appendContinued(lines, readings, image);
     appendColumns(lines, readings, columns, image);
     return lines;

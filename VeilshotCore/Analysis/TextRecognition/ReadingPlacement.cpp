@@ -12,6 +12,7 @@ namespace {
 
 /// A value belongs to the label before it up to this distance, in heights of the label.
 constexpr double farthestValue = 16;
+constexpr double farthestCertainValue = 40;
 
 constexpr qsizetype longestCell = 48;
 constexpr int widestCell = 25; // in heights
@@ -84,15 +85,35 @@ std::vector<Column> columnsOfStack(const Column& stack, const std::vector<Segmen
     return columns;
 }
 
-} // namespace
-
-bool isBeside(const SegmentReading& label, const SegmentReading& value) {
+/// At most so far behind it, in heights of the label.
+bool isInRowBehind(const SegmentReading& label, const SegmentReading& value, double farthest) {
     const QRect& left = label.box;
     const QRect& right = value.box;
     const int common = std::min(left.bottom(), right.bottom()) - std::max(left.top(), right.top()) + 1;
     const int gap = right.left() - left.right();
     return 2 * common >= std::min(left.height(), right.height()) && gap > 0 &&
-           gap <= farthestValue * left.height();
+           gap <= farthest * left.height();
+}
+
+} // namespace
+
+bool isBeside(const SegmentReading& label, const SegmentReading& value) {
+    return isInRowBehind(label, value, farthestValue);
+}
+
+bool isFarBeside(const SegmentReading& label, const SegmentReading& value) {
+    return isInRowBehind(label, value, farthestCertainValue);
+}
+
+bool isInFieldBelow(const SegmentReading& label, const SegmentReading& value) {
+    constexpr double leastShift = -0.8;
+    constexpr double mostShift = 1.8;
+    constexpr double widestGap = 2.2;
+    const int height = std::max(label.box.height(), value.box.height());
+    const int gap = value.box.top() - label.box.bottom();
+    const int shift = value.box.left() - label.box.left();
+    return gap > 0 && gap <= widestGap * height && shift >= leastShift * height &&
+           shift <= mostShift * height;
 }
 
 bool isBelow(const SegmentReading& upper, const SegmentReading& lower) {
@@ -102,6 +123,13 @@ bool isBelow(const SegmentReading& upper, const SegmentReading& lower) {
     const int gap = lower.box.top() - upper.box.bottom();
     return gap > 0 && gap <= widestGap * height &&
            std::abs(lower.box.left() - upper.box.left()) <= mostShift * height;
+}
+
+std::vector<std::size_t> cellsBelow(std::size_t cell, const std::vector<SegmentReading>& readings) {
+    std::vector<std::size_t> cells;
+    for (auto next = cellBelow(cell, readings); next; next = cellBelow(*next, readings))
+        cells.push_back(*next);
+    return cells;
 }
 
 std::vector<std::vector<std::size_t>> columnsOf(const std::vector<SegmentReading>& readings) {

@@ -83,14 +83,17 @@ cv::Mat longStrokes(const cv::Mat& ink, cv::Size along) {
     return strokes & ~bridged;
 }
 
-/// What is left of a frame when its long sides are taken away: it ends at one of them above and below.
+/// What is left of a frame when its long sides are taken away: it ends at one of them above and below. The
+/// side of a field ends where its faint rounded corners begin.
 bool isSideOfFrame(const cv::Mat& strokes, const cv::Rect& box, double fill) {
-    constexpr int reach = 2;
     if (box.width > mostStrokeThickness && fill > 0.35)
         return false;
+    constexpr int largestCorner = 8;
+    const int reach = box.height >= 12 * box.width ? largestCorner : 2;
     const cv::Rect picture(0, 0, strokes.cols, strokes.rows);
-    const cv::Rect above = cv::Rect(box.x - reach, box.y - reach, box.width + 2 * reach, reach) & picture;
-    const cv::Rect below = cv::Rect(box.x - reach, box.br().y, box.width + 2 * reach, reach) & picture;
+    const cv::Size end(box.width + 2 * reach, reach);
+    const cv::Rect above = cv::Rect({box.x - reach, box.y - reach}, end) & picture;
+    const cv::Rect below = cv::Rect({box.x - reach, box.br().y}, end) & picture;
     return cv::countNonZero(strokes(above)) > 0 && cv::countNonZero(strokes(below)) > 0;
 }
 

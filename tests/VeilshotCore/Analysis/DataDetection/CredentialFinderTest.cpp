@@ -19,6 +19,14 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
          "// [gph_N85inApJBAbCi2Eqnpcv6KXLZ£bTIPVy2Xve]",
          "jwt [eyJ_hbGci0iJI9,eyJzdWl iy@iLYyzSvQ . 1 lmHcRVCbAG1n] refused",
          "Enter [bqn80mzl98003248] until midnight"});
+    expectFound<CredentialFinder>(
+        {"Wi-Fi password\t[correct horse battery staple]", "Password\t[tundra! Copper -92-lilac]",
+         "glass, password [tundra! Copper -92-lilac] , changed", "PUK code\t[8812 0447]",
+         "Recovery codes\t[8f3k-29dm]", "[482 913] is your login code", "and [Tangerine-Sleigh-58].Plan:",
+         "Kode til døren er [4471]", "SMTP_PASS='[one two-Buckle 9!]’", "curl -u ops:[Gr4vel-Spoon] https",
+         "Key box code [3 9 1 7], by", "Kode til kortet er [Vinter-6628], og", "[m4ub-e9xk]",
+         "Wi-Fi voucher [heron-4K2P-77].", "[JBSW Y3DP EHPK 3PXP]", "Enter [482913] to sign in",
+         "Security answer\t[mustard Kadett]", "the password is [heron-lake-otter] ok", "kode: [Solsort-88]"});
 }
 
 TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
@@ -27,9 +35,12 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
          "token rotation every 90 days", "const token = getToken2();", "using Token = NameToken::LetterCase;",
          "apiKey: process.env.API_KEY2", "mapping = self.mapping3", "Screenshot_20250314-092251.png",
          "node_modules/@types/react-dom/18.2.7/index.d.ts", "x86_64-linux-gnu-gcc12-release",
-         "KX-2290-71 BT-0017-88", "$ grep token ~/.netrc", "Password\tChanged 2024",
-         "secret = match2.groups[0];", "PIN code required", "2025-2026-2027", "is_valid_username2",
-         "activation codes high-quality"});
+         "KX-2290-71 BT-0017-88", "$ grep token ~/.netrc"});
+    expectNothingFound<CredentialFinder>(
+        {"Password\tChanged 2024", "secret = match2.groups[0];", "PIN code required", "2025-2026-2027",
+         "is_valid_username2", "activation codes high-quality", "Password\tTwo-factor authentication",
+         "Tokens\t512", "Password\tlast changed 3 months ago", "password reset - 2 hours",
+         "password is case-sensitive", "password changed! Please log in 2024", "trace-0316"});
 }
 
 } // namespace

@@ -11,12 +11,12 @@ TEST(MisreadLinkFinder, FindsAddressesWithAWrongSignABlankOrAnEndCutOff) {
                                     "Cc [kitchenølodge.example]", "[bquistafritidsnet.example]",
                                     "[post@ryexample]", "to [ann.li@parcelio.dk]eller214.25",
                                     "REDIS_URL=[redis: //:s2KI@cache:6379/0]", "3318 [2001:db8:42: :9aif]"});
-    expectFound<MisreadLinkFinder>({"😀 [anna@parcelio,dk]", "label to [annette. laursen@parcelio.dk]",
-                                    "[susanne_henriksen-pedersen@h] +45", "[itzel@example.c...]",
-                                    "DSN=[https ://3b07@errors.shop.dev/8551]",
-                                    "URL=[postgres:/ /app: XsaR@db.internal: 5432/shop]",
-                                    "inet6 [fe80::5054:ff:fe12:3456]/64 scope", "from [172.16.28.i99]",
-                                    "client=[172,16.17.52] ok", "[46.173.16._200] - Dallas"});
+    expectFound<MisreadLinkFinder>(
+        {"😀 [anna@parcelio,dk]", "label to [annette. laursen@parcelio.dk]",
+         "[susanne_henriksen-pedersen@h] +45", "[itzel@example.c...]",
+         "DSN=[https ://3b07@errors.shop.dev/8551]", "URL=[postgres:/ /app: XsaR@db.internal: 5432/shop]",
+         "inet6 [fe80::5054:ff:fe12:3456]/64 scope", "from [172.16.28.i99]", "client=[172,16.17.52] ok",
+         "[46.173.16._200] - Dallas", "Li <[thao. leffhanoi-tides.example]>"});
 }
 
 TEST(MisreadLinkFinder, LeavesCodeVersionsAndSumsAlone) {

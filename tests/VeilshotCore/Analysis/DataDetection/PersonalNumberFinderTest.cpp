@@ -17,11 +17,20 @@ TEST(PersonalNumberFinder, FindsDatesOfBirthAndNumbersBehindTheirLabels) {
          "[PX4081726], [20CE11957], [MI7734108K]", "[K482-117-904-226], SO4821-17904",
          "[4539 1488 0343 6460]", "[GBl4 QXTB 2020 1555 5501 94]", "[20-45-13]", "Born\t[17 . 02 . 2015]",
          "[17.02.2015]", "[08 / 06 / 1979]"});
+    expectFound<PersonalNumberFinder>(
+        {"Guest passport no. (optional)\t[XJW 4471 90826]", "Passport / ID no.\t[04718/22/1465]",
+         "passport_no\t[CFG7X10K4]", "mod kørekort nr. [27 418 066] den", "Driver licence\t[$47719023]",
+         "Member ID [XJW 4471 90826]", "Policenr.\t[70-441829-3]", "[EK482913], [123.456.789-09]",
+         "Document\t[U 21048837]", "RUT [14.820.417-K]", "Born\t[19-May-1948]", "[BEO9? 3853 0800 1423]",
+         "[NWBK 6016 1331 9268 19]", "[1835 2304 2620 3009 9835 5600 71]", "[0K50 0040 0440 1162 43]",
+         "Fodselsdag\t[30/10 1996]", "DOB\t[17FEB1986]", "Geburtsdatum: [12. März 1988]",
+         "[P<GBRSMITH<<JOHN<<<<<<<<]"});
     expectNothingFound<PersonalNumberFinder>(
         {"QV 12 34 56 C or GB29", "Konto 7701 Telefon", "20-12-25", "1472 1385 7929", "12 March 2025",
          "On 6 February 1973 they met", "Paid 14.02.2025, 1.2.1999.4", "1 / 2 / 3 / 1979, 5 - 3.1990",
          "Updated 10.11.2016 (May 12, 2011)", "INC0012345", "Reg. 2016/679, reg. 2024",
-         "The passport\tof 2019"});
+         "The passport\tof 2019", "Order ID\tAB-123456", "Passport\t12/03/2031", "License\tMIT 2024",
+         "Social security\t$1,200.00"});
 }
 
 } // namespace

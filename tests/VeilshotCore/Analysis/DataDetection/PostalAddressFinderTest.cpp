@@ -32,6 +32,22 @@ TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
          "Donggyo-ro 12, Mapo-gu, Seoul 04016"});
 }
 
+TEST(PostalAddressFinder, FindsAddressesOfManyCountries) {
+    expectFoundWhole<PostalAddressFinder>(
+        {"12 Lé Loi, Phudng Bén Nghé, Quan 1, HCMC", "700000 HCMC", "Lagos 101241", "6346101 Tel Aviv",
+         "Dizengoff 141, Tel Aviv 6346101", "Plot 12, Block C, Admiralty Way, Lekki Phase 1, Lagos",
+         "Flat 4B, Shanti Apartments, MG Road, Pune 411001", "Sector 62, Noida 201301",
+         "14, 4th Cross, Indiranagar, Bengaluru 560038", "1-2-3 Jingumae, Shibuya-ku, Tokyo 150-0001",
+         "Rua Augusta, 1508, Consolação, São Paulo - SP, 01305-100", "P.O. Box 12345-00100, Nairobi"});
+    expectFoundWhole<PostalAddressFinder>(
+        {"Cinar Sok. No: 14 D: 7, 34730 Kadikéy/Istanbul", "Petőfi utca 12, 1052 Budapest",
+         "Calle Lautaro 551, depto. 902, 4030000 Concepción", "Kerkpad 4 bus 2, 9000 Gent",
+         "3 Quay Cottages, Kinsale, Co. Cork P17 XD72", "Whanganui 4500",
+         "Hyldespjældet 42, kld., 2620 Albertslund", "Jalan Sudirman 12, Jakarta 12190",
+         "Villa 12, Street 4B, Al Barsha, Dubai", "Cra. 7 #71-21, Bogotá", "Rothschild Blvd 12, Tel Aviv",
+         "No. 12, Lane 88, Huaihai Rd, Xuhui District, Shanghai 200031", "Apt 4, The Oaks, Dublin 8"});
+}
+
 TEST(PostalAddressFinder, FindsAddressesWithoutTheirBlanks) {
     expectFoundWhole<PostalAddressFinder>(
         {"Tingvej10,2.tv,4300Holbæk", "Astraede111,3600 Frederikssund", "155The Crescent,AberdeenAB246RP",
@@ -42,8 +58,9 @@ TEST(PostalAddressFinder, FindsAddressesWithoutTheirBlanks) {
 TEST(PostalAddressFinder, FindsAddressesInsideALine) {
     expectFound<PostalAddressFinder>(
         {"Adr. [Fasanvænget 31, 5260 Odense S]", "[Kystvejen 55] – åbent til kl. 18",
-         "Bor på [Ahornvej 17] og arbejder på [Torvet 6].", "Meet at [233 S Wacker Dr] at noon",
-         "Home – [31 Maple Court, Salem, OR 97301]", "😀 (251) 644-7030 [7900 Broadway,St. Louis,MO63145]",
+         "hos Jytte i [Hyldespjældet 44]. Hun", "Bor på [Ahornvej 17] og arbejder på [Torvet 6].",
+         "Meet at [233 S Wacker Dr] at noon", "Home – [31 Maple Court, Salem, OR 97301]",
+         "😀 (251) 644-7030 [7900 Broadway,St. Louis,MO63145]",
          "+45 1 Pkwy [168 Commerce Pkwy,Suite236, Chattancog]: 125,00",
          "Site [Unit 4, Creekside Yard, Wivenhoe CO7 9ZD]", "Address line 2\t [Flat 2]",
          "[Unit 6C]\t│\tOregon\t│\tUnited States", "[3000 Helsingør]. Ring på hos Jensen",
@@ -51,6 +68,10 @@ TEST(PostalAddressFinder, FindsAddressesInsideALine) {
          "Li;a@b.dk;[77 Dogwood Ct;Durham;NC;27701];x",
          "Li,+44 1631 555 019,\"[Oak 6, 2.\",8000,\"El P, TX]\"", "1|a@b.dk|[3000|Rye|Oak Row 14]|x",
          "Liv,a@b.dk,[Skagavej 201],no post"});
+    expectFound<PostalAddressFinder>({"Apartment, suite, etc. (optional)\t[Unit 7C]", "ZIP code\t[55803]",
+                                      "Town / City\t[Duluth]", "street\t[Dizengoff 141]", "By\t[Svendborg]",
+                                      "Address\t[The Old Forge, Mill Lane]",
+                                      "Bopæl\t[Fyrrestien 8, 1. th.]"});
     expectNothingFound<PostalAddressFinder>(
         {"a@b.dk,Room 12,2024,Budget,Room 12,x,1200", "2025-03-14,Room 12,1200,Lunch,ok"});
 }
@@ -70,6 +91,10 @@ TEST(PostalAddressFinder, LeavesOtherNumberedThingsAlone) {
          "Sunset 3, 2024 Budget", "5000 Madrid", "1200 Lund", "2 Shopping Mall", "3D Printing Village",
          "Suite 12", "Music Hall, Live Drive", "Via Email 2", "TV-kanalen 2", "Blockade 2",
          "Order 10293847"});
+    expectNothingFound<PostalAddressFinder>({"Address\tSame as shipping", "ADDRESS\tPARENT 1",
+                                             "By\tBrandon Lee", "Town\tYears there",
+                                             "Version 10, Build 22000", "Nelson 2024", "Main Road 2024",
+                                             "Q3 2024, Revenue 12000", "zip\t2.4 MB"});
 }
 
 } // namespace

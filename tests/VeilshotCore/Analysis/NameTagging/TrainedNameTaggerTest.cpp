@@ -105,6 +105,7 @@ TEST(NamesInALine, AreFoundWhereTheyAreUnmistakable) {
          u"elef.papadim@naru.example for [Eleftheria Papadimitriou]"_s,
          u"on Thursday. [C. Batliwala] replaced the cable"_s, u"[Zbigniew topatka]"_s,
          u"[lestyn Prydderch]"_s, u"[Hope Pugh] was late"_s, u"Father [Bede Molloy] asked"_s,
+         u"Is it dry? [Lettice] would like to know"_s, u"a card to Old [Joe]"_s, u"River Trent would rise"_s,
          u"9 [Park],[Ha-eun],haeun.park@naru.example"_s, u"Support,Team,support.team@naru.example"_s,
          u"Fee,fees@naru.example"_s});
 }
@@ -116,6 +117,7 @@ TEST(NamesInALine, AreFoundWhereTheirWordsAreRepeated) {
                  u"Fasheun Masonry Ltd\t\uE000\tday Fasheun. When"_s,
                  u"Obinze Fasheun\t\uE000\tFasheun Masonry Ltd"_s,
                  u"William Church\t\uE000\tthe Church is open"_s, u"William Church\t\uE000\t[Church]"_s,
+                 u"Hi Tam, bring photo\t\uE000\t[Tam]"_s, u"Hi all, bring photo\t\uE000\tPhoto"_s,
                  u"William Church\t\uE000\task for [Church] or\t\uE000\tRight. [Church], can you"_s,
                  u"William Church\t\uE000\tstamped “[W. CHURCH] 1938”"_s});
 }

@@ -29,6 +29,22 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
     EXPECT_EQ(labelled(beside), Texts{"Born\t4 July 1961"});
     EXPECT_EQ(labelled(below), Texts{"Born\t4 July 1961"});
     EXPECT_EQ(labelled({500, 30, 90, 12}), Texts{});
+    EXPECT_EQ(labelled({26, 44, 90, 12}), Texts{"Born\t4 July 1961"}); // in a frame
+    for (const QString& label : {u"Passport"_s, u"Guest’s licence / ID no. (optional)"_s, u"birth_date"_s,
+                                 u"Wi-Fi password"_s, u"Home address"_s, u"Postnr. og by *"_s})
+        EXPECT_EQ(linesWith({evenReading(label, first), evenReading(u"X 9"_s, beside)}, beside),
+                  Texts{(label + u"\tX 9"_s).toStdString()});
+    for (const QString& label : {u"Member"_s, u"Order no."_s, u"E-mail address"_s, u"Posted by"_s, u"ID"_s})
+        EXPECT_EQ(linesWith({evenReading(label, first), evenReading(u"X 9"_s, beside)}, beside), Texts{});
+    // A town and a house number count among other labels of addresses only.
+    const auto inForm = [&](const QString& street) {
+        return linesWith({evenReading(street, {10, 10, 60, 12}), evenReading(u"Nr."_s, {90, 10, 20, 12}),
+                          evenReading(u"By"_s, {150, 10, 20, 12}), evenReading(u"17B"_s, {90, 30, 30, 12}),
+                          evenReading(u"Ry"_s, {150, 30, 20, 12})},
+                         {90, 30, 90, 12});
+    };
+    EXPECT_EQ(inForm(u"Vej"_s), (Texts{"Nr.\t17B", "By\tRy"}));
+    EXPECT_EQ(inForm(u"Art"_s), Texts{});
 
     struct Row {
         QString upper;
@@ -36,6 +52,8 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
         std::string together;
     };
     const Row rows[] = {
+        {u"Leaving drinks for Hyacinth"_s, u"Mbeki"_s, "Leaving drinks for Hyacinth Mbeki"},
+        {u"Desmond"_s, u"Mbeki"_s, ""},
         {u"12 Mill Road, Savannah, GA"_s, u"31446"_s, "12 Mill Road, Savannah, GA 31446"},
         {u"Havnegade 52C,"_s, u"3. th"_s, "Havnegade 52C, 3. th"},
         {u"Bo Lund, 98 09 71"_s, u"69"_s, "Bo Lund, 98 09 71 69"},
@@ -52,10 +70,12 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
         {u"write to odalys.ferrer@lighthouse-"_s, u"tickets.example"_s,
          "odalys.ferrer@lighthouse-tickets.example"},
         {u"remote login 9shxf25a-gd0xzse0-"_s, u"sn3heun1f5h8 is valid"_s, "9shxf25a-gd0xzse0-sn3heun1f5h8"},
-        {u"98 09 71"_s, u"69"_s, {}},                                               // a column of numbers
-        {u"Anna Lund"_s, u"Bo Berg"_s, {}},                                         // a list
-        {u"you are welcome to call name: 60 98"_s, u"89 88 on working days"_s, {}}, // would hide both
-        {u"accepted the key on port 50022"_s, u"08:15:11.203 trace"_s, {}},         // a log
+        {u"you are welcome to call name: 60 98"_s, u"89 88 on working days"_s, "60 98 89 88 on working days"},
+        {u"barrels to Old Forge"_s, u"Cottage, 3 Pound Lane, Hexley"_s,
+         "barrels to Old Forge Cottage, 3 Pound Lane, Hexley"},
+        {u"98 09 71"_s, u"69"_s, {}},                                       // a column of numbers
+        {u"Anna Lund"_s, u"Bo Berg"_s, {}},                                 // a list
+        {u"accepted the key on port 50022"_s, u"08:15:11.203 trace"_s, {}}, // a log
     };
     for (const Row& row : rows) {
         const Texts expected = row.together.empty() ? Texts{} : Texts{row.together};
@@ -73,6 +93,10 @@ TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
                          evenReading(u"ST4 3ZQ"_s, postcode)},
                         street),
               Texts{"210 Lower Marsh, Stoke-on-Trent, ST4 3ZQ"});
+    EXPECT_EQ(linesWith({evenReading(u"12 Mama Ngina Way"_s, street), evenReading(u"Lavington"_s, town),
+                         evenReading(u"Nairobi 00100"_s, postcode)},
+                        town),
+              Texts{"12 Mama Ngina Way, Lavington, Nairobi 00100"});
     EXPECT_EQ(linesWith({evenReading(u"Anna Lund"_s, street), evenReading(u"3400 Hillerød"_s, town)}, town),
               Texts{});
 }
@@ -99,6 +123,10 @@ TEST(CombinedLines, TellTheCellsOfAColumnTogether) {
     for (std::size_t row = 0; row < uneven.size(); ++row)
         uneven[row].box.translate(0, row % 2 == 1 ? 14 : 0); // pairs of label and value, not rows
     EXPECT_EQ(linesWith(uneven, uneven[3].box), Texts{});
+    const std::vector<SegmentReading> numbers{
+        evenReading(u"Passport"_s, {10, 10, 64, 12}), evenReading(u"K0 1"_s, {10, 34, 32, 12}),
+        evenReading(u"K0 2"_s, {10, 60, 32, 12}), evenReading(u"K0 3"_s, {10, 112, 32, 12})};
+    EXPECT_EQ(linesWith(numbers, numbers[3].box), Texts{"Passport\tK0 3"}); // rows of any height
 }
 
 TEST(CombinedLines, NeverGiveAWholeColumnAwayToTheLabelInItsHeader) {
