@@ -211,6 +211,7 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
     const bool isPerson = isLabelOfPerson(label.text);
     if (!isPerson && !labels.isOfDetail(labelIndex))
         return;
+    const bool isCertain = !isPerson || isLabelOfName(label.text);
     const auto append = [&](std::size_t index) {
         const SegmentReading& value = readings[index];
         if (isPerson ? mayBeName(value.text) : labels.mayBeValue(value, index))
@@ -225,10 +226,10 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
             append(index);
             isAlone = false;
         }
-        if ((isPerson && !isLabelOfName(label.text) ? isBeside(label, value) : isFarBeside(label, value)) &&
+        if ((isCertain ? isFarBeside(label, value) : isBeside(label, value)) &&
             (!beside || value.box.left() < readings[*beside].box.left()))
             beside = index;
-        if (!isPerson && isInFieldBelow(label, value) &&
+        if (isCertain && isInFieldBelow(label, value) &&
             (!field || value.box.top() < readings[*field].box.top()))
             field = index;
     }
