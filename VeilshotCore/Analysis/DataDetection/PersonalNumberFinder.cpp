@@ -30,6 +30,10 @@ const QString schoolYear = uR"((?:19[2-9]\d|200\d|201[0-7]))"_s;
 const QString number =
     uR"((\$?(?:(?:\p{Lu}{1,6}(?=[ /.-]?\d)|\p{Lu}{0,6}\d)[\p{L}\d]{0,18})(?:\s?[-/. ]\s?(?:\p{Lu}{0,4}\d[\p{Lu}\dlO]{0,14}|\p{Lu}{1,4}(?!\p{L}))){0,6}))"_s;
 
+/// No years or round numbers along an axis or in the head of a table.
+const QString noRowOfNumbers =
+    uR"((?!(?:[A-Z]{4} )?(?:(?:19|20)\d\d[ -](?:19|20)\d\d|\d\d00[ -]\d\d00)\b))"_s;
+
 struct Expressions {
     /// Group 1 of each is the date or the number.
     RegularExpression afterWord{
@@ -96,11 +100,12 @@ struct Expressions {
     RegularExpression sortCode{uR"((?<=^|\t)\s{0,3}(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};
 
     /// Cards and accounts of which a digit may have been misread, so that no check of theirs holds.
-    RegularExpression card{
-        uR"((?<![\d./-])([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"};
+    RegularExpression card{uR"((?<![\d./-]))"_s + noRowOfNumbers +
+                           uR"(([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"_s};
     RegularExpression account{
-        uR"((?<!\w)((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
-        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?|[A-Z\dOlI]{4}(?: \d{4}){5,7}(?: \d{1,3})?|(?=\d{0,3}[A-Zl])[A-Z\dOlI]{4}(?: \d{4}){3} \d\d(?! ?\d))(?!\w))",
+        uR"((?<!\w))"_s + noRowOfNumbers +
+            uR"(((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
+            uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?|[A-Z\dOlI]{4}(?: \d{4}){5,7}(?: \d{1,3})?|(?=\d{0,3}[A-Zl])[A-Z\dOlI]{4}(?: \d{4}){3} \d\d(?! ?\d))(?!\w))"_s,
         RegularExpression::CaseSensitivity::sensitive};
 
     static const Expressions& shared() {
