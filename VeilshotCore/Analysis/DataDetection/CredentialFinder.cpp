@@ -30,6 +30,7 @@ struct Expressions {
     RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?: \d){3,7}$)"};
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
     RegularExpression answer{u"(?:answer|memorable|svar)"};
+    RegularExpression countable{u"token|passwords|secrets"};
     RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
     RegularExpression wordsInCell{
         uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
@@ -60,7 +61,7 @@ struct Expressions {
         uR"(\s*(?:[:=]\s|(?:is|er)\s)?\s?([\p{L}\d]{2,20}(?:(?:[-_!&#+@%*]\s?|\s[-_!&#+])[\p{L}\d]{2,20}){1,6}))"_s};
     /// What hardly anything but a password looks like: "Plover-Gate-90", "Kestrel!1349".
     RegularExpression wordsWithNumber{
-        uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}(?:-\p{Lu}\p{Ll}{3,12}-(?!(?:19|20)\d\d)|[!$%&*^])\d{2,4})(?![\w/@-]))",
+        uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}(?:-(?!Room|Hall|Floor|Printer|Server|Network|Report|Template|Layer|Candidate|Phase|Sprint|Group|Team|Table|Week|Part|March|April)\p{Lu}\p{Ll}{3,12}-(?!(?:19|20)\d\d)|[!$%&*^])\d{2,4})(?![\w/@-]))",
         sensitive};
 
     /// "exportfix with Marigold!7726": the name of the user in front.
@@ -84,18 +85,19 @@ struct Expressions {
         hyphenatedCode + uR"((?:[\s,]{1,2})"_s + hyphenatedCode + uR"()*))"_s};
     /// "JBSW Y3DP EHPK 3PXP"
     RegularExpression authenticatorKey{
-        uR"((?<!\w)((?=(?:[A-Z2-7]{4} )*[A-Z2-7]{0,3}(?:[2-7][A-Z]|[A-Z][2-7]))(?=(?:[A-Z2-7]{4} )*\d{0,3}[A-Z]{2})[A-Z2-7]{4}(?: [A-Z2-7]{4}){3,12})(?!\w))",
+        uR"((?<!\w)((?=(?:[A-Z2-7]{4} ){0,12}[A-Z2-7]{0,3}(?:[2-7][A-Z]|[A-Z][2-7]))(?=(?:[A-Z2-7]{4} ){0,12}\d{0,3}[A-Z]{2})[A-Z2-7]{4}(?: [A-Z2-7]{4}){3,12})(?!\w))",
         sensitive};
     RegularExpression hyphenated{uR"((?<![\w-])[A-Z\d]{4}(?:-[A-Z\d]{4}){2,5}(?![\w-]))", sensitive};
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
-        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|koden?|kontrolcifre))"
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|kontrolcifre)"
+        uR"(|(?:your[ -]?code|koden?)(?!\W{0,3}\d{3}(?![ -]?\d))))"
         uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
     RegularExpression codeToEnter{
         uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};
     RegularExpression door{
-        uR"((?<!\p{L})(?:(?:door|gate|dør|port|alarm)(?:\s(?:is|er)\s|:\s|\s)[#*]|(?:door|gate|dør|port|alarm)(?:\s(?:is|er)|:)\s|(?:lock ?box|key ?(?:safe|box)|nøgleboks(?:en)?|keypad)(?:\s(?:is|er))?:?\s[#*]?)(\d{4,6})(?![\d.,:/-]))"};
+        uR"((?<!\p{L})(?:(?:door|gate|dør|port|alarm)(?:\s(?:is|er)\s|:\s|\s)[#*]|(?:(?:door|gate|dør|alarm)(?:\s(?:is|er)|:)|port\ser)\s|(?:lock ?box|key ?(?:safe|box)|nøgleboks(?:en)?|keypad)(?:\s(?:is|er))?:?\s[#*]?)(\d{4,6})(?![\d.,:/-]))"};
     RegularExpression codeBefore{
         uR"((?<![\w.,/-])((?:[A-Z]{1,2}-)?(?:\d{4,8}|\d{3}[ -]\d{3}))\s(?:is|er)\s(?:your|din)\s[^.\d]{0,30}(?:code|kode|pin|otp|password)\b)"};
     /// The beginning of one, which says in letters that it is one.
@@ -225,14 +227,15 @@ std::optional<TextRange> secretInCell(QStringView line) {
         return std::nullopt;
     const Expressions& expressions = Expressions::shared();
     const QStringView cell = line.sliced(labelled->value.location, labelled->value.length);
+    const QStringView label = line.first(labelled->value.location);
     const bool isWord = std::ranges::none_of(cell, [](QChar character) { return character.isSpace(); });
-    const bool isCount = line.first(labelled->value.location).contains(u"token", Qt::CaseInsensitive);
-    const bool isAnswer = expressions.answer.hasMatch(line.first(labelled->value.location));
+    const bool isCount = expressions.countable.hasMatch(label);
+    const bool isAnswer = expressions.answer.hasMatch(label);
     const auto torn = expressions.tornInCell.matchAt(cell, 0);
     if ((isAnswer && cell.size() <= longestAnswer && cell[0].isLetterOrNumber()) ||
         (isWord && cell.size() >= shortest && isChosen(cell)) ||
-        (expressions.numberInCell.hasMatch(cell) && !isCount) || expressions.codesInCell.hasMatch(cell) ||
-        expressions.wordAndNumber.hasMatch(cell) || expressions.wordsInCell.hasMatch(cell) ||
+        (!isCount && (expressions.numberInCell.hasMatch(cell) || expressions.wordAndNumber.hasMatch(cell))) ||
+        expressions.codesInCell.hasMatch(cell) || expressions.wordsInCell.hasMatch(cell) ||
         (torn && Composition(cell).digits > 0))
         return labelled->value;
     return std::nullopt;
@@ -305,12 +308,12 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
     for (const auto& match : expressions.words.matches(line))
         add(match.groups[0].location >= 0 ? match.groups[0] : match.groups[1]);
     for (const RegularExpression* expression :
-         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.codeOfThing,
-          &expressions.user})
+         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.user})
         addChosen(*expression, 0);
     if (hasDigit) {
         addChosen(expressions.torn, 1);
         addChosen(expressions.quoted, 1);
+        addChosen(expressions.codeOfThing, 2); // one stands in names of files and versions too
     }
     for (const TextRange range : expressions.run.ranges(line)) {
         if (isRandom(line.sliced(range.location, range.length)))
