@@ -209,7 +209,7 @@ std::vector<TextRange> merged(std::vector<TextRange> addresses) {
 /// What the fields of an address hold, which nothing else tells from other words and numbers.
 struct FieldShapes {
     RegularExpression remark{
-        uR"(^(?:add(?:ed)?|edit|changed?|same|use|select|choose|enter|none|no|not|any|all|other|unknown|optional|required)"
+        uR"(^(?:0x\w+|\d\.\d|https?|add(?:ed)?|edit|changed?|same|use|select|choose|enter|none|no|not|any|all|other|unknown|optional|required)"
         uR"(|county|country|land|phone|telefon|e-?mail|name|navn|status|orders|dat[eo]|years|type|search|find|see|verified|updated?)"
         uR"(|last|confirmed|missing|invalid|tilføj|rediger|vælg|samme|ingen|alle|ukendt)\b)"};
     RegularExpression address{
@@ -223,7 +223,11 @@ struct FieldShapes {
         RegularExpression::CaseSensitivity::sensitive};
     RegularExpression quantity{uR"(\d[.,]\d|^\d+ ?(?:[KMG]B|kg|km|cm|mm|m|pcs|stk|kr)\b)"};
     RegularExpression district{uR"( (?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)$)"};
-    RegularExpression postcode{uR"(^(?=.{0,14}\d)[\p{L}\d#][\p{L}\d .#-]{0,13}$)"};
+    /// No amount: a word of more than two small letters, but for what flats are called, is none of it.
+    RegularExpression postcode{
+        uR"(^(?=.{0,14}\d)(?!per\b|.*(?:\bk?m[23]|\d{3} ?[gl])$)(?:(?i:apartment|apt|flat|unit|suite|floor|level|bldg|lejl)\.? ?)?)"
+        uR"([\p{L}\d#](?:[\p{Lu}\d .#-]|\p{Ll}{1,2}(?!\p{Ll})|sal\b){0,13}$)",
+        RegularExpression::CaseSensitivity::sensitive};
     RegularExpression state{u"^[A-Z]{2}$", RegularExpression::CaseSensitivity::sensitive};
     RegularExpression houseNumber{uR"(^\d{1,4} ?[A-Za-z]?$)"};
 
@@ -238,6 +242,7 @@ bool isFieldOfAddress(LabelTopic topic, QStringView label, QStringView value) {
     // In capitals as the label is: the next header.
     const auto isInCapitals = [](QStringView text) { return text.toString().toUpper() == text; };
     const bool isHeader = isInCapitals(label) && isInCapitals(value);
+    const bool hasCapital = std::ranges::any_of(value, [](QChar character) { return character.isUpper(); });
     if (shapes.remark.hasMatch(value))
         return false;
     switch (topic) {
@@ -249,7 +254,8 @@ bool isFieldOfAddress(LabelTopic topic, QStringView label, QStringView value) {
         return !isHeader && shapes.town.hasMatch(value);
     case LabelTopic::postcode:
         return !shapes.quantity.hasMatch(value) &&
-               (shapes.postcode.hasMatch(value) || (!isHeader && shapes.address.hasMatch(value)));
+               (shapes.postcode.hasMatch(value) ||
+                (!isHeader && hasCapital && shapes.address.hasMatch(value)));
     case LabelTopic::state:
         return !isHeader && shapes.state.hasMatch(value);
     case LabelTopic::houseNumber:
