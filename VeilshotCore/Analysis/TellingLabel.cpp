@@ -105,20 +105,21 @@ QString labelOfNumber() {
 }
 
 std::optional<LabelledValue> LabelledValue::of(QStringView line) {
-    qsizetype end = line.indexOf(u'\t');
-    const bool hasColumns = end >= 0;
-    if (hasColumns && line.sliced(end + 1).contains(u'\t'))
+    const qsizetype tab = line.indexOf(u'\t');
+    const bool hasColumns = tab >= 0;
+    if (hasColumns && line.sliced(tab + 1).contains(u'\t'))
         return std::nullopt;
-    if (!hasColumns)
-        end = line.first(std::min(line.size(), longestLabelOfDetail)).indexOf(u": ");
+    const qsizetype end =
+        hasColumns ? tab : line.first(std::min(line.size(), longestLabelOfDetail)).indexOf(u": ");
     if (end < 0)
         return std::nullopt;
+    const QStringView label = line.first(end).trimmed();
     const QStringView value = line.sliced(end + 1).trimmed();
-    const auto topic = value.isEmpty() ? std::nullopt : topicOfLabel(line.first(end).trimmed());
+    const auto topic = value.isEmpty() ? std::nullopt : topicOfLabel(label);
     const bool needsForm = topic == LabelTopic::houseNumber || topic == LabelTopic::state;
     if (!topic || (needsForm && !hasColumns))
         return std::nullopt;
-    return LabelledValue{*topic, {value.data() - line.data(), value.size()}};
+    return LabelledValue{*topic, label, value, {value.data() - line.data(), value.size()}};
 }
 
 bool isLabelOfName(const QString& text) {

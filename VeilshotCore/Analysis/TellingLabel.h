@@ -35,7 +35,9 @@ QString labelOfNumber();
 /// and no house number, for which nothing but the other fields of an address tells a bare "No.".
 struct LabelledValue {
     LabelTopic topic;
-    TextRange value; ///< without the blanks around it, not empty
+    QStringView label; ///< of the line, which must outlive it; without the blanks around it, as the value is
+    QStringView value; ///< not empty
+    TextRange range;   ///< of the value
 
     static std::optional<LabelledValue> of(QStringView line);
 };

@@ -31,7 +31,7 @@ struct Expressions {
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
     RegularExpression answer{u"(?:answer|memorable|svar)"};
     RegularExpression countable{u"token|passwords|secrets"};
-    RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
+    RegularExpression wordAndNumber{uR"(^(?!(?:AES|RSA|SHA|WPA)\s)\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
     RegularExpression wordsInCell{
         uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
         sensitive};
@@ -226,18 +226,17 @@ std::optional<TextRange> secretInCell(QStringView line) {
     if (!labelled || labelled->topic != LabelTopic::secret)
         return std::nullopt;
     const Expressions& expressions = Expressions::shared();
-    const QStringView cell = line.sliced(labelled->value.location, labelled->value.length);
-    const QStringView label = line.first(labelled->value.location);
+    const QStringView cell = labelled->value;
     const bool isWord = std::ranges::none_of(cell, [](QChar character) { return character.isSpace(); });
-    const bool isCount = expressions.countable.hasMatch(label);
-    const bool isAnswer = expressions.answer.hasMatch(label);
+    const bool isCount = expressions.countable.hasMatch(labelled->label);
+    const bool isAnswer = expressions.answer.hasMatch(labelled->label);
     const auto torn = expressions.tornInCell.matchAt(cell, 0);
     if ((isAnswer && cell.size() <= longestAnswer && cell[0].isLetterOrNumber()) ||
         (isWord && cell.size() >= shortest && isChosen(cell)) ||
         (!isCount && (expressions.numberInCell.hasMatch(cell) || expressions.wordAndNumber.hasMatch(cell))) ||
         expressions.codesInCell.hasMatch(cell) || expressions.wordsInCell.hasMatch(cell) ||
         (torn && Composition(cell).digits > 0))
-        return labelled->value;
+        return labelled->range;
     return std::nullopt;
 }
 

@@ -126,15 +126,15 @@ bool isNumber(QStringView text) {
 }
 
 /// The number in a cell beside its label, which may say more behind it: "LM482917 (expires 03/2031)".
-std::optional<TextRange> numberInCell(QStringView line, TextRange cell) {
+std::optional<TextRange> numberInCell(const LabelledValue& cell) {
     const Expressions& expressions = Expressions::shared();
-    const QStringView text = line.sliced(cell.location, cell.length);
+    const QStringView text = cell.value;
     if (isNumber(text) && expressions.cellOfNumber.hasMatch(text))
-        return cell;
+        return cell.range;
     const auto match = expressions.numberInCell.firstMatch(text);
     if (!match || !isNumber(text.sliced(match->groups[0].location, match->groups[0].length)))
         return std::nullopt;
-    return TextRange{cell.location + match->groups[0].location, match->groups[0].length};
+    return TextRange{cell.range.location + match->groups[0].location, match->groups[0].length};
 }
 
 /// What a label says to be a date of birth or the number of a document.
@@ -142,11 +142,10 @@ std::vector<TextRange> labelledIn(QStringView line) {
     const Expressions& expressions = Expressions::shared();
     std::vector<TextRange> found;
     if (const auto labelled = LabelledValue::of(line)) {
-        const QStringView value = line.sliced(labelled->value.location, labelled->value.length);
-        if (labelled->topic == LabelTopic::birth && expressions.cellOfBirth.hasMatch(value))
-            found.push_back(labelled->value);
+        if (labelled->topic == LabelTopic::birth && expressions.cellOfBirth.hasMatch(labelled->value))
+            found.push_back(labelled->range);
         if (labelled->topic == LabelTopic::number) {
-            if (const auto range = numberInCell(line, labelled->value))
+            if (const auto range = numberInCell(*labelled))
                 found.push_back(*range);
         }
     }
