@@ -35,7 +35,8 @@ TEST(PostalAddressFinder, FindsLinesThatAreOneAddress) {
 TEST(PostalAddressFinder, FindsAddressesOfManyCountries) {
     expectFoundWhole<PostalAddressFinder>(
         {"12 Lé Loi, Phudng Bén Nghé, Quan 1, HCMC", "700000 HCMC", "Lagos 101241", "6346101 Tel Aviv",
-         "Dizengoff 141, Tel Aviv 6346101", "Plot 12, Block C, Admiralty Way, Lekki Phase 1, Lagos",
+         "44100 Guadalajara", "Dizengoff 141, Tel Aviv 6346101",
+         "Plot 12, Block C, Admiralty Way, Lekki Phase 1, Lagos",
          "Flat 4B, Shanti Apartments, MG Road, Pune 411001", "Sector 62, Noida 201301",
          "14, 4th Cross, Indiranagar, Bengaluru 560038", "1-2-3 Jingumae, Shibuya-ku, Tokyo 150-0001",
          "Rua Augusta, 1508, Consolação, São Paulo - SP, 01305-100", "P.O. Box 12345-00100, Nairobi"});
