@@ -32,8 +32,10 @@ struct Expressions {
     RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?: \d){3,7}$)"};
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
     RegularExpression answer{u"(?:answer|memorable|svar)"};
+    RegularExpression method{
+        uR"(^(?:WPA[23]?|WEP|AES|RSA|SHA|(?:ssh-)?(?:ed25519|rsa|ecdsa))(?:[ -]?[A-Z\d]{1,5})?$)"};
     RegularExpression countable{u"token|passwords|secrets"};
-    RegularExpression wordAndNumber{uR"(^(?!(?:AES|RSA|SHA|WPA)\s)\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
+    RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
     RegularExpression wordsInCell{
         uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
         sensitive};
@@ -117,9 +119,9 @@ std::optional<TextRange> secretInCell(QStringView line) {
     constexpr qsizetype shortest = 4;
     constexpr qsizetype longestAnswer = 40;
     const auto labelled = LabelledValue::of(line);
-    if (!labelled || labelled->topic != LabelTopic::secret)
-        return std::nullopt;
     const Expressions& expressions = Expressions::shared();
+    if (!labelled || labelled->topic != LabelTopic::secret || expressions.method.hasMatch(labelled->value))
+        return std::nullopt;
     const QStringView cell = labelled->value;
     const bool isWord = std::ranges::none_of(cell, [](QChar character) { return character.isSpace(); });
     const bool isCount = expressions.countable.hasMatch(labelled->label);

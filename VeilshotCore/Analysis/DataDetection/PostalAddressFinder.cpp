@@ -250,7 +250,7 @@ struct FieldShapes {
         uR"(^(?=.{0,14}\d)(?!per\b|.*(?:\bk?m[23]|\d{3} ?[gl])$)(?:(?i:apartment|apt|flat|unit|suite|floor|level|bldg|lejl)\.? ?)?)"
         uR"([\p{L}\d#](?:[\p{Lu}\d .#-]|\p{Ll}{1,2}(?!\p{Ll})|sal\b){0,13}$)",
         RegularExpression::CaseSensitivity::sensitive};
-    RegularExpression state{u"^[A-Z]{2}$", RegularExpression::CaseSensitivity::sensitive};
+    RegularExpression state{u"^(?!UP$)[A-Z]{2}$", RegularExpression::CaseSensitivity::sensitive};
     RegularExpression houseNumber{uR"(^\d{1,4} ?[A-Za-z]?$)"};
 
     static const FieldShapes& shared() {

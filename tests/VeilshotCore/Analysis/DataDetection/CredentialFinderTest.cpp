@@ -40,9 +40,10 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
         {"Password\tChanged 2024", "secret = match2.groups[0];", "PIN code required", "2025-2026-2027",
          "is_valid_username2", "activation codes high-quality", "Password\tTwo-factor authentication",
          "Tokens\t512", "Password\tlast changed 3 months ago", "password reset - 2 hours",
-         "password is case-sensitive", "password changed! Please log in 2024", "trace-0316", "Port: 8080",
-         "HTTP-kode 404", "Passwords\t1280", "Token\trefresh 3600", "The code for this is step2.js",
-         "Sheet-Layer-12"});
+         "password is case-sensitive", "password changed! Please log in 2024", "trace-0316"});
+    expectNothingFound<CredentialFinder>({"Port: 8080", "HTTP-kode 404", "Passwords\t1280",
+                                          "Network key\tWPA2-PSK", "Token\trefresh 3600",
+                                          "The code for this is step2.js", "Sheet-Layer-12"});
 }
 
 } // namespace
