@@ -73,7 +73,7 @@ TEST(NamesInALine, AreFoundInSectionsAndByTheirForm) {
                  u"where surname = '[Aust]' or full_name <> \"[Ai Bo]\""_s, u"hostname = 'Aust'"_s,
                  u"Any time, [Obinze]."_s, u"Any questions, Norway."_s, u"her daughter [Clemency] by phone"_s,
                  u"Ask [Hyacinth] or the desk"_s, u"ask for [Bell] at the desk"_s,
-                 u"Tell Customers about it"_s});
+                 u"Tell Payroll about it"_s});
 }
 
 TEST(NamesInALine, AreToldFromOtherThings) {
