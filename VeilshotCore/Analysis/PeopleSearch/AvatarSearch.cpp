@@ -1,7 +1,7 @@
 #include "VeilshotCore/Analysis/PeopleSearch/AvatarSearch.h"
 
+#include "VeilshotCore/Analysis/PeopleSearch/AreaTones.h"
 #include "VeilshotCore/Analysis/PeopleSearch/GreyLevels.h"
-#include "VeilshotCore/Analysis/PeopleSearch/GreyPixels.h"
 #include "VeilshotCore/Analysis/PeopleSearch/OverlappingTiles.h"
 
 #include <array>
@@ -35,7 +35,21 @@ struct Ground {
 /// Text, too, has textures in a JPEG file, and an avatar's box some of the ground, whose noise belongs to it.
 constexpr Ground lossless{0, 0.30, 0.30, 0.40, 0.60};
 constexpr Ground jpeg{6, 0.45, 0.25, 0.55, 0.50};
+constexpr int noiseLevels = 9;
 constexpr int toneLevels = 17;
+
+/// Initials on a disc: steep strokes in the middle of the box, and in all of it few levels beside two tones …
+constexpr int middleMarginPart = 5; ///< one such part of the box lies on each side of its middle
+constexpr double leastOfTwoTones = 0.71;
+constexpr double leastSteepSteps = 0.18;
+/// … or more levels, if there are two colours …
+constexpr double leastOfTwoBlurredTones = 0.62;
+constexpr double leastSpreadOfRed = 14;
+constexpr double leastSteepStepsOfColours = 0.10;
+/// … or if the tones are far apart.
+constexpr double leastSeparation = 0.91;
+constexpr double leastSeparationInMiddle = 0.82;
+constexpr double leastSteepStepsOfFarTones = 0.25;
 
 /// What stands out from its ground fills at least this part of the box around it. Avatars do, letters do not,
 /// although the noise around these in a JPEG file does.
@@ -177,6 +191,26 @@ bool isShadedShape(const QImage& image, const QRect& box, double mostOfOneTone) 
     return true;
 }
 
+bool looksLikeInitials(const AreaTones& middle, const AreaTones& all) {
+    const double twoTones = all.levels().shareOfTwoWindows(toneLevels);
+    const double steps = middle.steepShare();
+    if (twoTones > leastOfTwoTones && steps > leastSteepSteps)
+        return true;
+    return twoTones > leastOfTwoBlurredTones &&
+           ((middle.spreadOfRed() > leastSpreadOfRed && steps > leastSteepStepsOfColours) ||
+            (all.levels().separation() > leastSeparation &&
+             middle.levels().separation() > leastSeparationInMiddle && steps > leastSteepStepsOfFarTones));
+}
+
+bool hasTonesOfPortrait(const QImage& image, const QRect& box, double mostGreyWindow) {
+    const int marginX = box.width() / middleMarginPart;
+    const int marginY = box.height() / middleMarginPart;
+    const AreaTones middle = AreaTones::of(image, box.adjusted(marginX, marginY, -marginX, -marginY));
+    const AreaTones all = AreaTones::of(image, box);
+    return all.levels().shareOfFullestWindow(noiseLevels) <= mostGreyWindow &&
+           !looksLikeInitials(middle, all);
+}
+
 void appendAvatars(std::vector<QRect>& avatars, const QImage& image, const QRect& tile,
                    const Ground& ground) {
     cv::Mat labels;
@@ -190,7 +224,7 @@ void appendAvatars(std::vector<QRect>& avatars, const QImage& image, const QRect
                         component[cv::CC_STAT_WIDTH], component[cv::CC_STAT_HEIGHT]);
         if (hasAvatarShape(box, component[cv::CC_STAT_AREA], leastUneven) &&
             !isCut(box, tile, image.rect()) && looksLikePortrait(image, tile, labels, label, box, ground) &&
-            greyWindowShare(image, box) <= ground.mostGreyWindow &&
+            hasTonesOfPortrait(image, box, ground.mostGreyWindow) &&
             isShadedShape(image, box, ground.mostOfOneTone) &&
             std::ranges::none_of(avatars, [&](const QRect& avatar) { return avatar.intersects(box); }))
             avatars.push_back(box);

@@ -3,6 +3,7 @@
 #include "VeilshotCore/Analysis/AnalysisPool.h"
 #include "VeilshotCore/Analysis/PeopleSearch/AvatarSearch.h"
 #include "VeilshotCore/Analysis/PeopleSearch/BodyEstimate.h"
+#include "VeilshotCore/Analysis/PeopleSearch/DrawnFaces.h"
 #include "VeilshotCore/Analysis/PeopleSearch/FaceAreas.h"
 #include "VeilshotCore/Analysis/PeopleSearch/FaceConfidence.h"
 #include "VeilshotCore/Analysis/PeopleSearch/FaceDetection.h"
@@ -22,8 +23,6 @@ namespace {
 
 /// From here on the detector alone is right nearly always; the cascades would only cost time.
 constexpr double convincingScore = 0.25;
-/// Beyond this the candidate is a drawn surface with the noise of a JPEG file.
-constexpr double mostGreyWindow = 0.45;
 constexpr double leastConfidence = 0.1;
 constexpr double avatarConfidence = 0.35;
 /// An avatar needs no box of its own when this part of a face this likely lies inside it.
@@ -217,14 +216,11 @@ AnalysisOutcome<std::unique_ptr<FaceVerifier>> HogPeopleAnalyzer::takeVerifier()
 
 double HogPeopleAnalyzer::confidence(const QImage& image, const FaceCandidate& candidate) const {
     const QRect box = candidate.box.toRect();
-    if (greyWindowShare(image, box) > mostGreyWindow || isTwoToned(image, box))
+    const bool isDoubtful = candidate.score < convincingScore;
+    if (looksDrawn(image, box) || (isDoubtful && looksDrawnAround(image, box)))
         return 0;
     FaceEvidence evidence{candidate.score, 0, 0, candidate.box.width()};
-    if (candidate.score < convincingScore) {
-        // Letters on a button show both their tones around the box, a small face its picture.
-        const int around = box.width() / 2;
-        if (isTwoToned(image, box.adjusted(-around, -around, around, around) & image.rect()))
-            return 0;
+    if (isDoubtful) {
         // The first verifier could be loaded, so the others can.
         auto verifier = std::get<std::unique_ptr<FaceVerifier>>(takeVerifier());
         const FaceSupport support = verifier->support(image, candidate.box);

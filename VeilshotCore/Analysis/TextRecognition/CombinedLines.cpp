@@ -61,7 +61,8 @@ bool isProse(const SegmentReading& reading) {
 /// begins the next line of a log.
 bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     static const RegularExpression time(uR"(^\[?\d+[:./-]\d)");
-    return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text);
+    return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text) ||
+           isTornName(upper.text, lower.text);
 }
 
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,

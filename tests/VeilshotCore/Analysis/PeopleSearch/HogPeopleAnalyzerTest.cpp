@@ -67,6 +67,50 @@ QImage pageOfShortWords() {
     return page;
 }
 
+/// Small buttons with rings that have a line across, as letters, each of a grey of its own.
+QImage pageOfButtons() {
+    QImage page(640, 400, QImage::Format_RGBA8888);
+    page.fill(ground(Theme::light));
+    QPainter painter(&page);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int i = 0; i < 60; ++i) {
+        const QPointF place(14 + i % 10 * 62 + i % 7, 14 + i / 10 * 62 + i % 5);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(60 + i, 60 + i, 60 + i));
+        painter.drawRoundedRect(QRectF(place, QSizeF(52, 23)), 4, 4);
+        painter.setPen(QPen(QColor(225, 225, 225), 2));
+        painter.setBrush(Qt::NoBrush);
+        for (int k = 0; k < 4; ++k) {
+            const QRectF ring(place + QPointF(6.3 + 11.5 * k, 6.3), QSizeF(8.4, 10.5));
+            painter.drawArc(ring, 0, 16 * ((i + k) % 3 == 0 ? 180 : 330));
+            painter.drawLine(QPointF(ring.left(), ring.center().y()),
+                             QPointF(ring.right(), ring.center().y()));
+        }
+    }
+    painter.end();
+    return page;
+}
+
+/// Small discs with two letters each.
+QImage pageOfInitials() {
+    QImage page(640, 400, QImage::Format_RGBA8888);
+    page.fill(ground(Theme::light));
+    QPainter painter(&page);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int i = 0; i < 60; ++i) {
+        const QPointF place(20 + i % 10 * 60 + i % 7, 20 + i / 10 * 60 + i % 8);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(i % 2 == 0 ? QColor(109, 76, 65) : QColor(216, 67, 21));
+        painter.drawEllipse(QRectF(place, QSizeF(24, 24)));
+        painter.setPen(QPen(QColor(235, 235, 235), 1.3));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(QRectF(place + QPointF(5, 8), QSizeF(6, 8)));
+        painter.drawRect(QRectF(place + QPointF(13.5, 8), QSizeF(5, 8)));
+    }
+    painter.end();
+    return page;
+}
+
 QImage throughJpeg(const QImage& page, int quality = 80) {
     QByteArray file;
     QBuffer buffer(&file);
@@ -123,9 +167,18 @@ TEST(HogPeopleAnalyzerTest, SeesNobodyInText) {
         EXPECT_THAT(observed(page).faces, IsEmpty());
         EXPECT_THAT(facesInUse(observed(throughJpeg(page)), page.size()), IsEmpty());
     }
-    for (const int quality : {40, 80}) {
-        const QImage words = throughJpeg(pageOfShortWords(), quality);
-        EXPECT_THAT(facesInUse(observed(words), words.size()), IsEmpty()) << quality;
+    const struct {
+        const char* what;
+        QImage drawn;
+        std::vector<int> qualities;
+    } pages[] = {{"words", pageOfShortWords(), {40, 80}},
+                 {"buttons", pageOfButtons(), {50, 60}},
+                 {"initials", pageOfInitials(), {80}}};
+    for (const auto& [what, drawn, qualities] : pages) {
+        for (const int quality : qualities) {
+            const QImage page = throughJpeg(drawn, quality);
+            EXPECT_THAT(facesInUse(observed(page), page.size()), IsEmpty()) << what << " at " << quality;
+        }
     }
     // A face's outlines without its shades.
     QImage stencil = portrait().convertToFormat(QImage::Format_RGB32);
@@ -137,6 +190,13 @@ TEST(HogPeopleAnalyzerTest, SeesNobodyInText) {
     QPainter(&page).drawImage(40, 40,
                               stencil.scaled(64, 64, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     EXPECT_THAT(facesInUse(observed(throughJpeg(page)), page.size()), IsEmpty());
+    // A face in a smiley's yellow.
+    QImage smiley = portrait().convertToFormat(QImage::Format_RGB32);
+    for (int i = 0; i < smiley.width() * smiley.height(); ++i) {
+        auto* pixel = reinterpret_cast<QRgb*>(smiley.bits()) + i;
+        *pixel = qRgb(150 + qGray(*pixel) * 2 / 5, 120 + qGray(*pixel) * 2 / 5, 20);
+    }
+    EXPECT_THAT(facesInUse(observed(smiley), smiley.size()), IsEmpty());
 }
 
 struct AvatarPage {

@@ -52,6 +52,8 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
         std::string together;
     };
     const Row rows[] = {
+        {u"Leaving drinks for Hyacinth"_s, u"Mbeki"_s, "Leaving drinks for Hyacinth Mbeki"},
+        {u"Desmond"_s, u"Mbeki"_s, ""},
         {u"12 Mill Road, Savannah, GA"_s, u"31446"_s, "12 Mill Road, Savannah, GA 31446"},
         {u"Havnegade 52C,"_s, u"3. th"_s, "Havnegade 52C, 3. th"},
         {u"Bo Lund, 98 09 71"_s, u"69"_s, "Bo Lund, 98 09 71 69"},
