@@ -54,7 +54,7 @@ const QString town =
 const QString state = uR"(state|province|region|delstat|bundesland)"_s;
 const QString houseNumber = uR"((?:house )?(?:n[or]|number|nummer|num|nº|n°)\.?)"_s;
 const QString postcode =
-    uR"((?:post|postal|zip)[ -]?codes?|zip|eircode|plz|cep|post ?(?:nr|nummer|no)|apt|apartment|unit|suite|flat|etage|husn(?:umme)?r|lejlighed)"_s;
+    uR"((?:post|postal|zip)[ -]?codes?|zip|eircode|plz|cep|post ?(?:nr|nummer|no)|apt|apartment|unit|flat|etage|husn(?:umme)?r|lejlighed)"_s;
 
 /// A label says whose the detail is in front and remarks on it behind: "Guest’s passport no. (optional)". In
 /// front of the parts of an address only what addresses are for: "Posted by" is no town. One group for each
@@ -105,18 +105,21 @@ QString labelOfNumber() {
 }
 
 std::optional<LabelledValue> LabelledValue::of(QStringView line) {
-    qsizetype end = line.indexOf(u'\t');
-    if (end >= 0 && line.sliced(end + 1).contains(u'\t'))
+    const qsizetype tab = line.indexOf(u'\t');
+    const bool hasColumns = tab >= 0;
+    if (hasColumns && line.sliced(tab + 1).contains(u'\t'))
         return std::nullopt;
-    if (end < 0)
-        end = line.first(std::min(line.size(), longestLabelOfDetail)).indexOf(u": ");
+    const qsizetype end =
+        hasColumns ? tab : line.first(std::min(line.size(), longestLabelOfDetail)).indexOf(u": ");
     if (end < 0)
         return std::nullopt;
+    const QStringView label = line.first(end).trimmed();
     const QStringView value = line.sliced(end + 1).trimmed();
-    const auto topic = value.isEmpty() ? std::nullopt : topicOfLabel(line.first(end).trimmed());
-    if (!topic)
+    const auto topic = value.isEmpty() ? std::nullopt : topicOfLabel(label);
+    const bool needsForm = topic == LabelTopic::houseNumber || topic == LabelTopic::state;
+    if (!topic || (needsForm && !hasColumns))
         return std::nullopt;
-    return LabelledValue{*topic, {value.data() - line.data(), value.size()}};
+    return LabelledValue{*topic, label, value, {value.data() - line.data(), value.size()}};
 }
 
 bool isLabelOfName(const QString& text) {

@@ -31,10 +31,13 @@ inline bool isLabelOfDetail(QStringView text) {
 /// An expression without groups for labels of somebody's numbers within a line. Ignores case by itself.
 QString labelOfNumber();
 
-/// A line that is a label and its value, a tab or a colon with a blank between them.
+/// A line that is a label and its value, a tab or a colon with a blank between them. Behind a colon no state
+/// and no house number, for which nothing but the other fields of an address tells a bare "No.".
 struct LabelledValue {
     LabelTopic topic;
-    TextRange value; ///< without the blanks around it, not empty
+    QStringView label; ///< of the line, which must outlive it; without the blanks around it, as the value is
+    QStringView value; ///< not empty
+    TextRange range;   ///< of the value
 
     static std::optional<LabelledValue> of(QStringView line);
 };

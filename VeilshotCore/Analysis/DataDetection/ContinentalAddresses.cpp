@@ -53,7 +53,7 @@ QString japaneseBlock() {
 QString streetBeforeItsType() {
     return beforeName() + u"(?:"_s + name() +
            uR"(\s+){1,3}(?:(?:Sok(?:ak|ağı)?|Sk|Cad(?:desi)?|Cd|Bulvarı|Blv|Mah(?:allesi)?)\b\.?,?\s*[Nn]o\s?[:.]?\s?\d{1,4}[A-Z]?(?:/\d{1,3})?)"
-           uR"(|(?:utca|u\.|út|útja|körút|tér|tere|sétány|köz|iela|gatve|prospekts|tn|mnt|pst|puiestee|třída|ulica|ulice|g\.|pr\.|al\.)\s+\d{1,4}(?:[/-]\d{1,3})?\.?[A-Za-z]?(?![\w%]|[.,]\d)))"_s;
+           uR"(|(?:utca|út|útja|körút|tér|tere|sétány|köz|iela|gatve|prospekts|tn|mnt|pst|puiestee|třída|ulica|ulice|(?:u|g|pr|al)\.(?=\s+\d[\w/.-]{0,8},\s*[\p{Lu}\d]))\s+\d{1,4}(?:[/-]\d{1,3})?\.?[A-Za-z]?(?![\w%]|[.,]\d)))"_s;
 }
 
 // Vietnam: "12 Lê Lợi, Phường Bến Nghé, Quận 1", whose accents may be misread

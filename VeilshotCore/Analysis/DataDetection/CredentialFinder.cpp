@@ -1,5 +1,6 @@
 #include "VeilshotCore/Analysis/DataDetection/CredentialFinder.h"
 
+#include "VeilshotCore/Analysis/DataDetection/CredentialShape.h"
 #include "VeilshotCore/Analysis/RegularExpression.h"
 #include "VeilshotCore/Analysis/TellingLabel.h"
 
@@ -13,6 +14,7 @@ namespace Veilshot {
 
 namespace {
 
+using namespace CredentialShape;
 using enum RegularExpression::CaseSensitivity;
 
 /// What says that a secret follows. "Tokens: 512" counts something.
@@ -30,6 +32,9 @@ struct Expressions {
     RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?: \d){3,7}$)"};
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
     RegularExpression answer{u"(?:answer|memorable|svar)"};
+    RegularExpression method{
+        uR"(^(?:WPA[23]?|WEP|AES|RSA|SHA|(?:ssh-)?(?:ed25519|rsa|ecdsa))(?:[ -]?[A-Z\d]{1,5})?$)"};
+    RegularExpression countable{u"token|passwords|secrets"};
     RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
     RegularExpression wordsInCell{
         uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
@@ -60,7 +65,7 @@ struct Expressions {
         uR"(\s*(?:[:=]\s|(?:is|er)\s)?\s?([\p{L}\d]{2,20}(?:(?:[-_!&#+@%*]\s?|\s[-_!&#+])[\p{L}\d]{2,20}){1,6}))"_s};
     /// What hardly anything but a password looks like: "Plover-Gate-90", "Kestrel!1349".
     RegularExpression wordsWithNumber{
-        uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}(?:-\p{Lu}\p{Ll}{3,12}-(?!(?:19|20)\d\d)|[!$%&*^])\d{2,4})(?![\w/@-]))",
+        uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}(?:-(?!Room|Hall|Floor|Printer|Server|Network|Report|Template|Layer|Candidate|Phase|Sprint|Group|Team|Table|Week|Part|March|April)\p{Lu}\p{Ll}{3,12}-(?!(?:19|20)\d\d)|[!$%&*^])\d{2,4})(?![\w/@-]))",
         sensitive};
 
     /// "exportfix with Marigold!7726": the name of the user in front.
@@ -84,18 +89,19 @@ struct Expressions {
         hyphenatedCode + uR"((?:[\s,]{1,2})"_s + hyphenatedCode + uR"()*))"_s};
     /// "JBSW Y3DP EHPK 3PXP"
     RegularExpression authenticatorKey{
-        uR"((?<!\w)((?=(?:[A-Z2-7]{4} )*[A-Z2-7]{0,3}(?:[2-7][A-Z]|[A-Z][2-7]))(?=(?:[A-Z2-7]{4} )*\d{0,3}[A-Z]{2})[A-Z2-7]{4}(?: [A-Z2-7]{4}){3,12})(?!\w))",
+        uR"((?<!\w)((?=(?:[A-Z2-7]{4} ){0,12}[A-Z2-7]{0,3}(?:[2-7][A-Z]|[A-Z][2-7]))(?=(?:[A-Z2-7]{4} ){0,12}\d{0,3}[A-Z]{2})[A-Z2-7]{4}(?: [A-Z2-7]{4}){3,12})(?!\w))",
         sensitive};
     RegularExpression hyphenated{uR"((?<![\w-])[A-Z\d]{4}(?:-[A-Z\d]{4}){2,5}(?![\w-]))", sensitive};
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
-        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|koden?|kontrolcifre))"
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|kontrolcifre)"
+        uR"(|(?:your[ -]?code|koden?)(?!\W{0,3}\d{3}(?![ -]?\d))))"
         uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
     RegularExpression codeToEnter{
         uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};
     RegularExpression door{
-        uR"((?<!\p{L})(?:(?:door|gate|dør|port|alarm)(?:\s(?:is|er)\s|:\s|\s)[#*]|(?:door|gate|dør|port|alarm)(?:\s(?:is|er)|:)\s|(?:lock ?box|key ?(?:safe|box)|nøgleboks(?:en)?|keypad)(?:\s(?:is|er))?:?\s[#*]?)(\d{4,6})(?![\d.,:/-]))"};
+        uR"((?<!\p{L})(?:(?:door|gate|dør|port|alarm)(?:\s(?:is|er)\s|:\s|\s)[#*]|(?:(?:door|gate|dør|alarm)(?:\s(?:is|er)|:)|port\ser)\s|(?:lock ?box|key ?(?:safe|box)|nøgleboks(?:en)?|keypad)(?:\s(?:is|er))?:?\s[#*]?)(\d{4,6})(?![\d.,:/-]))"};
     RegularExpression codeBefore{
         uR"((?<![\w.,/-])((?:[A-Z]{1,2}-)?(?:\d{4,8}|\d{3}[ -]\d{3}))\s(?:is|er)\s(?:your|din)\s[^.\d]{0,30}(?:code|kode|pin|otp|password)\b)"};
     /// The beginning of one, which says in letters that it is one.
@@ -108,216 +114,139 @@ struct Expressions {
     }
 };
 
-struct Composition {
-    int upper = 0;
-    int lower = 0;
-    int digits = 0;
-    /// How often a letter stands beside a digit.
-    int changes = 0;
-
-    explicit Composition(QStringView text) {
-        QChar previous;
-        for (const QChar character : text) {
-            upper += character.isUpper();
-            lower += character.isLower();
-            digits += character.isDigit();
-            changes +=
-                (character.isDigit() && previous.isLetter()) || (character.isLetter() && previous.isDigit());
-            previous = character;
-        }
-    }
-};
-
-/// Whether somebody could have set this as a password, rather than "required" or "never".
-bool isChosen(QStringView text) {
-    const Composition parts(text);
-    const bool hasLetters = parts.upper + parts.lower > 0;
-    const bool hasRareSign = std::ranges::any_of(
-        text.chopped(1), [](QChar character) { return u"!@#$%&*+?^="_s.contains(character); });
-    // The name of a variable that holds it, an option, a path.
-    if (text.contains(u".env.") || u":-~/."_s.contains(text.front()))
-        return false;
-    return hasLetters && (parts.digits > 0 || hasRareSign);
-}
-
-/// How often a capital follows a small letter, or a letter a digit or the other way round.
-int breaks(QStringView text) {
-    QChar previous;
-    int breaks = Composition(text).changes;
-    for (const QChar character : text) {
-        breaks += previous.isLower() && character.isUpper();
-        previous = character;
-    }
-    return breaks;
-}
-
-/// A credential in which a sign was misread or a blank was made up goes on behind it, as long as what comes
-/// looks as if nobody had thought of it either. In front of it only a sign belongs to it.
-TextRange grown(QStringView line, TextRange credential) {
-    constexpr int fewestBreaks = 2;
-    constexpr qsizetype shortestPiece = 4;
-    constexpr qsizetype pieceBeforeReach = 24;
-    constexpr qsizetype shortestRow = 40;
-    static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
-    const qsizetype from = std::max<qsizetype>(0, credential.location - pieceBeforeReach);
-    if (const auto before = pieceBefore.firstMatch(line.sliced(from, credential.location - from))) {
-        const qsizetype start = from + before->range.location;
-        credential = {start, credential.end() - start};
-    }
-    static const RegularExpression piece(
-        uR"((?:[^\s\p{L}\p{N}"'”“<>]|\s?[.,]\s?|(?<=[_-])\s|\s)([\p{L}\p{N}_/+-]{2,}+))");
-    for (;;) {
-        const auto next = piece.matchAt(line, credential.end());
-        if (!next || next->groups[0].length < shortestPiece ||
-            breaks(line.sliced(next->groups[0].location, next->groups[0].length)) < fewestBreaks)
-            break;
-        credential.length = next->range.end() - credential.location;
-    }
-    // All of a long one up to the next blank: a row of a key in several rows.
-    static const RegularExpression rest(uR"([^\s"'”“<>()\[\]{},;]{1,60})");
-    const auto end = credential.length >= shortestRow ? rest.matchAt(line, credential.end()) : std::nullopt;
-    return end ? TextRange{credential.location, end->range.end() - credential.location} : credential;
-}
-
-/// A signed token is long and has every sign there is: it goes on over blanks and all signs, past a stray one
-/// or two.
-TextRange grownSignedToken(QStringView line, TextRange token) {
-    constexpr qsizetype shortPiece = 6;
-    static const RegularExpression pieces[] = {RegularExpression(uR"((?:\s?(\S+)))"),
-                                               RegularExpression(uR"((?:\s?\S{1,2}\s(?:\S\s)?(\S+)))")};
-    const auto nextEnd = [&] {
-        for (const RegularExpression& piece : pieces) {
-            const auto next = piece.matchAt(line, token.end());
-            if (!next)
-                continue;
-            const TextRange text = next->groups[0];
-            if (breaks(line.sliced(text.location, text.length)) >= (text.length <= shortPiece ? 1 : 2))
-                return next->range.end();
-        }
-        return token.end();
-    };
-    for (qsizetype end = nextEnd(); end > token.end(); end = nextEnd())
-        token.length = end - token.location;
-    return token;
-}
-
-/// Whether nobody thought of this run of letters and digits: they alternate, which neither names of files nor
-/// versions nor paths do for long.
-bool isRandom(QStringView text) {
-    constexpr int leastChanges = 3;
-    constexpr qsizetype leastLengthWithSlash = 28;
-    if (text.contains(u'/') && text.size() < leastLengthWithSlash)
-        return false;
-    const Composition parts(text);
-    const int leastOfPath = text.contains(u'/') ? 2 * leastChanges : leastChanges;
-    const bool isUnbroken =
-        std::ranges::all_of(text, [](QChar character) { return character.isLetterOrNumber(); });
-    const int fewestDigits = isUnbroken && parts.changes > leastChanges ? 2 : 3;
-    return parts.changes >= leastOfPath && parts.upper + parts.lower >= 4 && parts.digits >= fewestDigits;
-}
-
 /// What stands in a cell beside the label of a secret, unless it says something of it, such as "never used".
 std::optional<TextRange> secretInCell(QStringView line) {
     constexpr qsizetype shortest = 4;
     constexpr qsizetype longestAnswer = 40;
     const auto labelled = LabelledValue::of(line);
-    if (!labelled || labelled->topic != LabelTopic::secret)
-        return std::nullopt;
     const Expressions& expressions = Expressions::shared();
-    const QStringView cell = line.sliced(labelled->value.location, labelled->value.length);
+    if (!labelled || labelled->topic != LabelTopic::secret || expressions.method.hasMatch(labelled->value))
+        return std::nullopt;
+    const QStringView cell = labelled->value;
     const bool isWord = std::ranges::none_of(cell, [](QChar character) { return character.isSpace(); });
-    const bool isCount = line.first(labelled->value.location).contains(u"token", Qt::CaseInsensitive);
-    const bool isAnswer = expressions.answer.hasMatch(line.first(labelled->value.location));
+    const bool isCount = expressions.countable.hasMatch(labelled->label);
+    const bool isAnswer = expressions.answer.hasMatch(labelled->label);
     const auto torn = expressions.tornInCell.matchAt(cell, 0);
     if ((isAnswer && cell.size() <= longestAnswer && cell[0].isLetterOrNumber()) ||
         (isWord && cell.size() >= shortest && isChosen(cell)) ||
-        (expressions.numberInCell.hasMatch(cell) && !isCount) || expressions.codesInCell.hasMatch(cell) ||
-        expressions.wordAndNumber.hasMatch(cell) || expressions.wordsInCell.hasMatch(cell) ||
+        (!isCount && (expressions.numberInCell.hasMatch(cell) || expressions.wordAndNumber.hasMatch(cell))) ||
+        expressions.codesInCell.hasMatch(cell) || expressions.wordsInCell.hasMatch(cell) ||
         (torn && Composition(cell).digits > 0))
-        return labelled->value;
+        return labelled->range;
     return std::nullopt;
 }
+
+/// Collects the credentials of one line. Of two that overlap the longer one stays.
+class Search {
+public:
+    explicit Search(QStringView line) : m_line(line), m_hasDigit(Composition(line).digits > 0) {}
+
+    std::vector<TextRange> credentials() {
+        addKeys();
+        if (const auto secret = secretInCell(m_line))
+            add(*secret);
+        addCodes();
+        addSignedTokens();
+        addNamedSecrets();
+        for (const TextRange range : m_expressions.run.ranges(m_line)) {
+            if (isRandom(textOf(range)))
+                add(grown(m_line, range));
+        }
+        std::ranges::sort(m_found, {}, &TextRange::location);
+        return std::move(m_found);
+    }
+
+private:
+    static constexpr int fewestBreaksOfKey = 4;
+
+    QStringView textOf(TextRange range) const { return m_line.sliced(range.location, range.length); }
+
+    void add(TextRange range) {
+        const auto overlapping =
+            std::ranges::find_if(m_found, [&](TextRange other) { return other.intersects(range); });
+        if (overlapping == m_found.end())
+            m_found.push_back(range);
+        else if (range.length > overlapping->length)
+            *overlapping = range;
+    }
+
+    void addKeys() {
+        constexpr qsizetype shortestKey = 18;
+        for (const TextRange range : m_expressions.knownShape.ranges(m_line))
+            add(grown(m_line, range));
+        for (const TextRange range : m_expressions.keyOfSomebody.ranges(m_line)) {
+            const TextRange key = grown(m_line, range);
+            if (key.length >= shortestKey && breaks(textOf(key)) >= fewestBreaksOfKey)
+                add(key);
+        }
+    }
+
+    void addCodes() {
+        for (const RegularExpression* expression :
+             {&m_expressions.code, &m_expressions.codeBefore, &m_expressions.codeToEnter, &m_expressions.door,
+              &m_expressions.wordsWithNumber, &m_expressions.authenticatorKey}) {
+            if (!m_hasDigit)
+                break;
+            for (const auto& match : expression->matches(m_line))
+                add(match.groups[0]);
+        }
+        for (const auto& match : m_expressions.groups.matches(m_line)) {
+            if (Composition(textOf(match.groups[0])).digits > 0)
+                add(match.groups[0]);
+        }
+        for (const auto& match : m_expressions.codeAlone.matches(m_line)) {
+            const Composition parts(textOf(match.groups[0]));
+            if (parts.changes >= 2 && parts.lower >= 2)
+                add(match.groups[0]);
+        }
+        for (const TextRange range : m_expressions.hyphenated.ranges(m_line)) {
+            if (breaks(textOf(range)) >= fewestBreaksOfKey)
+                add(range);
+        }
+    }
+
+    void addSignedTokens() {
+        qsizetype end = 0;
+        for (const TextRange range : m_expressions.signedToken.ranges(m_line)) {
+            if (range.location < end)
+                continue;
+            const TextRange token = grownSignedToken(m_line, range);
+            end = token.end();
+            add(token);
+        }
+    }
+
+    void addChosen(const RegularExpression& expression, int fewestDigits) {
+        for (const auto& match : expression.matches(m_line)) {
+            const QStringView text = textOf(match.groups[0]);
+            if (isChosen(text) && Composition(text).digits >= fewestDigits)
+                add(match.groups[0]);
+        }
+    }
+
+    void addNamedSecrets() {
+        for (const auto& match : m_expressions.words.matches(m_line))
+            add(match.groups[0].location >= 0 ? match.groups[0] : match.groups[1]);
+        for (const RegularExpression* expression : {&m_expressions.assignment, &m_expressions.sentence,
+                                                    &m_expressions.withPassword, &m_expressions.user})
+            addChosen(*expression, 0);
+        if (!m_hasDigit)
+            return;
+        addChosen(m_expressions.torn, 1);
+        addChosen(m_expressions.quoted, 1);
+        addChosen(m_expressions.codeOfThing, 2); // one stands in names of files and versions too
+    }
+
+    const Expressions& m_expressions = Expressions::shared();
+    QStringView m_line;
+    bool m_hasDigit;
+    std::vector<TextRange> m_found;
+};
 
 } // namespace
 
 std::vector<TextRange> CredentialFinder::find(QStringView line) const {
-    constexpr qsizetype shortestKey = 18;
-    constexpr int fewestBreaksOfKey = 4;
-    const Expressions& expressions = Expressions::shared();
-    std::vector<TextRange> found;
-    const auto add = [&](TextRange range) {
-        const auto overlapping =
-            std::ranges::find_if(found, [&](TextRange other) { return other.intersects(range); });
-        if (overlapping == found.end())
-            found.push_back(range);
-        else if (range.length > overlapping->length)
-            *overlapping = range;
-    };
-    for (const TextRange range : expressions.knownShape.ranges(line))
-        add(grown(line, range));
-    for (const TextRange range : expressions.keyOfSomebody.ranges(line)) {
-        const TextRange key = grown(line, range);
-        if (key.length >= shortestKey && breaks(line.sliced(key.location, key.length)) >= fewestBreaksOfKey)
-            add(key);
-    }
-    if (const auto secret = secretInCell(line))
-        add(*secret);
-    const bool hasDigit = Composition(line).digits > 0;
-    for (const RegularExpression* expression :
-         {&expressions.code, &expressions.codeBefore, &expressions.codeToEnter, &expressions.door,
-          &expressions.wordsWithNumber, &expressions.authenticatorKey}) {
-        if (!hasDigit)
-            break;
-        for (const auto& match : expression->matches(line))
-            add(match.groups[0]);
-    }
-    for (const auto& match : expressions.groups.matches(line)) {
-        const TextRange codes = match.groups[0];
-        if (Composition(line.sliced(codes.location, codes.length)).digits > 0)
-            add(codes);
-    }
-    for (const auto& match : expressions.codeAlone.matches(line)) {
-        const TextRange range = match.groups[0];
-        const Composition parts(line.sliced(range.location, range.length));
-        if (parts.changes >= 2 && parts.lower >= 2)
-            add(range);
-    }
-    for (const TextRange range : expressions.hyphenated.ranges(line)) {
-        if (breaks(line.sliced(range.location, range.length)) >= fewestBreaksOfKey)
-            add(range);
-    }
-    qsizetype endOfToken = 0;
-    for (const TextRange range : expressions.signedToken.ranges(line)) {
-        if (range.location < endOfToken)
-            continue;
-        const TextRange token = grownSignedToken(line, range);
-        endOfToken = token.end();
-        add(token);
-    }
-    const auto addChosen = [&](const RegularExpression& expression, int fewestDigits) {
-        for (const auto& match : expression.matches(line)) {
-            const TextRange secret = match.groups[0];
-            const QStringView text = line.sliced(secret.location, secret.length);
-            if (isChosen(text) && Composition(text).digits >= fewestDigits)
-                add(secret);
-        }
-    };
-    for (const auto& match : expressions.words.matches(line))
-        add(match.groups[0].location >= 0 ? match.groups[0] : match.groups[1]);
-    for (const RegularExpression* expression :
-         {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.codeOfThing,
-          &expressions.user})
-        addChosen(*expression, 0);
-    if (hasDigit) {
-        addChosen(expressions.torn, 1);
-        addChosen(expressions.quoted, 1);
-    }
-    for (const TextRange range : expressions.run.ranges(line)) {
-        if (isRandom(line.sliced(range.location, range.length)))
-            add(grown(line, range));
-    }
-    std::ranges::sort(found, {}, &TextRange::location);
-    return found;
+    return Search(line).credentials();
 }
 
 } // namespace Veilshot

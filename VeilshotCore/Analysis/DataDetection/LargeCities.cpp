@@ -23,8 +23,7 @@ struct Cities {
 const std::array<Cities, 13>& cities() {
     static const std::array<Cities, 13> cities{{
         // Norway, Austria, Switzerland, Belgium, Luxembourg, Hungary, Bulgaria, Slovenia, North Macedonia,
-        // Albania,
-        // Latvia
+        // Albania, Latvia
         {u"9999",
          TownNames(
              u"oslo, bergen, trondheim, stavanger, drammen, fredrikstad, kristiansand, sandnes, tromsø, "
@@ -89,16 +88,15 @@ const std::array<Cities, 13>& cities() {
                    u"port elizabeth, gqeberha, bloemfontein, sandton, dhaka, chittagong, tunis, manila, "
                    u"quezon city, makati, cebu city")},
         // Turkey, Israel (old), Mexico, Peru, Malaysia, Thailand, Indonesia, South Korea, Pakistan, Kenya,
-        // Ghana,
-        // Morocco, Egypt, Ukraine, Vietnam, Saudi Arabia, Taiwan
+        // Ghana, Morocco, Egypt, Ukraine, Vietnam, Saudi Arabia, Taiwan, the United States without their
+        // state
         {u"99999",
          TownNames(
              u"istanbul, i̇stanbul, ankara, izmir, i̇zmir, bursa, antalya, adana, konya, kadıköy, beşiktaş, "
              u"ciudad de méxico, cdmx, chicago, new york, brooklyn, los angeles, houston, philadelphia, "
              u"seattle, denver, boston, "
              u"portland, oakland, san francisco, san diego, miami, atlanta, austin, minneapolis, pittsburgh, "
-             u"somerville, "
-             u" guadalajara, monterrey, puebla, lima, arequipa, kuala lumpur, penang, "
+             u"somerville, guadalajara, monterrey, puebla, lima, arequipa, kuala lumpur, penang, "
              u"johor bahru, petaling jaya, bangkok, chiang mai, jakarta, jakarta selatan, bandung, surabaya, "
              u"yogyakarta, denpasar, seoul, busan, incheon, daegu, lahore, karachi, islamabad, "
              u"rawalpindi, nairobi, mombasa, kisumu, accra, casablanca, rabat, marrakech, fes, cairo, giza, "

@@ -30,6 +30,10 @@ const QString schoolYear = uR"((?:19[2-9]\d|200\d|201[0-7]))"_s;
 const QString number =
     uR"((\$?(?:(?:\p{Lu}{1,6}(?=[ /.-]?\d)|\p{Lu}{0,6}\d)[\p{L}\d]{0,18})(?:\s?[-/. ]\s?(?:\p{Lu}{0,4}\d[\p{Lu}\dlO]{0,14}|\p{Lu}{1,4}(?!\p{L}))){0,6}))"_s;
 
+/// No years or round numbers along an axis or in the head of a table.
+const QString noRowOfNumbers =
+    uR"((?!(?:[A-Z]{4} )?(?:(?:19|20)\d\d[ -](?:19|20)\d\d|\d\d00[ -]\d\d00)\b))"_s;
+
 struct Expressions {
     /// Group 1 of each is the date or the number.
     RegularExpression afterWord{
@@ -96,11 +100,12 @@ struct Expressions {
     RegularExpression sortCode{uR"((?<=^|\t)\s{0,3}(\d\d-(?:3[2-9]|[4-9]\d)-\d\d)(?=\s*(?:$|\t)))"};
 
     /// Cards and accounts of which a digit may have been misread, so that no check of theirs holds.
-    RegularExpression card{
-        uR"((?<![\d./-])([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"};
+    RegularExpression card{uR"((?<![\d./-]))"_s + noRowOfNumbers +
+                           uR"(([2-6]\d{3}(?:[ -]\d{4}){3}|3[47]\d\d[ -]\d{6}[ -]\d{5})(?![\d/-]|\.\d))"_s};
     RegularExpression account{
-        uR"((?<!\w)((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
-        uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?|[A-Z\dOlI]{4}(?: \d{4}){5,7}(?: \d{1,3})?|(?=\d{0,3}[A-Zl])[A-Z\dOlI]{4}(?: \d{4}){3} \d\d(?! ?\d))(?!\w))",
+        uR"((?<!\w))"_s + noRowOfNumbers +
+            uR"(((?:A[DELT]|B[AEGHRY]|C[HYZ]|D[EKO]|E[ES]|F[IOR]|G[BEILR]|H[RU]|I[EST]|L[ITUV]|M[CDEKT]|N[LO]|P[LT])"
+            uR"(|R[OS]|S[EIKM]|TR|UA)[\dOlISB]{2}[?'’]?(?:\s?[A-Z]{4})?(?:\s?(?=[A-Z\d@]{0,3}\d)[A-Z\d@]{4}){3,7}(?:\s?[A-Z\d]{1,3})?|[A-Z]{4}(?: \d{4}){3}(?: \d{1,4})?|[A-Z\dOlI]{4}(?: \d{4}){5,7}(?: \d{1,3})?|(?=\d{0,3}[A-Zl])[A-Z\dOlI]{4}(?: \d{4}){3} \d\d(?! ?\d))(?!\w))"_s,
         RegularExpression::CaseSensitivity::sensitive};
 
     static const Expressions& shared() {
@@ -121,15 +126,15 @@ bool isNumber(QStringView text) {
 }
 
 /// The number in a cell beside its label, which may say more behind it: "LM482917 (expires 03/2031)".
-std::optional<TextRange> numberInCell(QStringView line, TextRange cell) {
+std::optional<TextRange> numberInCell(const LabelledValue& cell) {
     const Expressions& expressions = Expressions::shared();
-    const QStringView text = line.sliced(cell.location, cell.length);
+    const QStringView text = cell.value;
     if (isNumber(text) && expressions.cellOfNumber.hasMatch(text))
-        return cell;
+        return cell.range;
     const auto match = expressions.numberInCell.firstMatch(text);
     if (!match || !isNumber(text.sliced(match->groups[0].location, match->groups[0].length)))
         return std::nullopt;
-    return TextRange{cell.location + match->groups[0].location, match->groups[0].length};
+    return TextRange{cell.range.location + match->groups[0].location, match->groups[0].length};
 }
 
 /// What a label says to be a date of birth or the number of a document.
@@ -137,11 +142,10 @@ std::vector<TextRange> labelledIn(QStringView line) {
     const Expressions& expressions = Expressions::shared();
     std::vector<TextRange> found;
     if (const auto labelled = LabelledValue::of(line)) {
-        const QStringView value = line.sliced(labelled->value.location, labelled->value.length);
-        if (labelled->topic == LabelTopic::birth && expressions.cellOfBirth.hasMatch(value))
-            found.push_back(labelled->value);
+        if (labelled->topic == LabelTopic::birth && expressions.cellOfBirth.hasMatch(labelled->value))
+            found.push_back(labelled->range);
         if (labelled->topic == LabelTopic::number) {
-            if (const auto range = numberInCell(line, labelled->value))
+            if (const auto range = numberInCell(*labelled))
                 found.push_back(*range);
         }
     }

@@ -206,71 +206,6 @@ std::vector<TextRange> merged(std::vector<TextRange> addresses) {
     return apart;
 }
 
-/// What the fields of an address hold, which nothing else tells from other words and numbers.
-struct FieldShapes {
-    RegularExpression remark{
-        uR"(^(?:add(?:ed)?|edit|changed?|same|use|select|choose|enter|none|no|not|any|all|other|unknown|optional|required)"
-        uR"(|county|country|land|phone|telefon|e-?mail|name|navn|status|orders|dat[eo]|years|type|search|find|see|verified|updated?)"
-        uR"(|last|confirmed|missing|invalid|tilføj|rediger|vælg|samme|ingen|alle|ukendt)\b)"};
-    RegularExpression address{
-        uR"(^(?=.*\d)(?=.*\p{L}{2})[\p{Lu}\d#][^@:;?!|]{3,70}$)"
-        uR"(|^\p{Lu}[\p{L}.’'-]*(?: [\p{L}.’'-]+){0,4}, \p{Lu}[\p{L}.’'-]*(?: \p{Lu}[\p{L}.’'-]*){0,3}$)"
-        uR"(|^\p{Lu}\p{Ll}{2,20}(?:vej|gade|vænget|stræde|allé|plads|torv|gatan|vägen|veien|gata|straße|strasse|straat|laan|weg)$)"
-        uR"(|^(?:\p{Lu}[\p{L}.’'-]{1,20} ){1,3}(?i:street|st|road|rd|avenue|ave|lane|ln|drive|dr|close|way|court|ct|place|terrace|crescent|boulevard|blvd)\.?$)",
-        RegularExpression::CaseSensitivity::sensitive};
-    RegularExpression town{
-        uR"(^(?:(?:[A-Z]{1,2}-)?\d{3,7} )?\p{Lu}[\p{L}.’'-]+(?: [\p{L}.’'-]+){0,3}(?:,? [A-Z]{2})?(?: \d{4,7})?$)",
-        RegularExpression::CaseSensitivity::sensitive};
-    RegularExpression quantity{uR"(\d[.,]\d|^\d+ ?(?:[KMG]B|kg|km|cm|mm|m|pcs|stk|kr)\b)"};
-    RegularExpression district{uR"( (?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)$)"};
-    RegularExpression postcode{uR"(^(?=.{0,14}\d)[\p{L}\d#][\p{L}\d .#-]{0,13}$)"};
-    RegularExpression state{u"^[A-Z]{2}$", RegularExpression::CaseSensitivity::sensitive};
-    RegularExpression houseNumber{uR"(^\d{1,4} ?[A-Za-z]?$)"};
-
-    static const FieldShapes& shared() {
-        static const FieldShapes shapes;
-        return shapes;
-    }
-};
-
-bool isFieldOfAddress(LabelTopic topic, QStringView label, QStringView value) {
-    const FieldShapes& shapes = FieldShapes::shared();
-    // In capitals as the label is: the next header.
-    const auto isInCapitals = [](QStringView text) { return text.toString().toUpper() == text; };
-    const bool isHeader = isInCapitals(label) && isInCapitals(value);
-    if (shapes.remark.hasMatch(value))
-        return false;
-    switch (topic) {
-    case LabelTopic::address:
-        return !isHeader && shapes.address.hasMatch(value);
-    case LabelTopic::town: // "By" names an author too
-        if (label.compare(u"by", Qt::CaseInsensitive) == 0)
-            return isDanishTown(value.chopped(shapes.district.hasMatch(value) ? 2 : 0));
-        return !isHeader && shapes.town.hasMatch(value);
-    case LabelTopic::postcode:
-        return !shapes.quantity.hasMatch(value) &&
-               (shapes.postcode.hasMatch(value) || (!isHeader && shapes.address.hasMatch(value)));
-    case LabelTopic::state:
-        return !isHeader && shapes.state.hasMatch(value);
-    case LabelTopic::houseNumber:
-        return shapes.houseNumber.hasMatch(value);
-    default:
-        return false;
-    }
-}
-
-std::vector<TextRange> allAddresses(QStringView line);
-
-std::vector<TextRange> addressesInField(QStringView line, const LabelledValue& field) {
-    const QStringView value = line.sliced(field.value.location, field.value.length);
-    if (isFieldOfAddress(field.topic, line.first(line.indexOf(u'\t')).trimmed(), value))
-        return {field.value};
-    std::vector<TextRange> addresses = allAddresses(value);
-    for (TextRange& address : addresses)
-        address.location += field.value.location;
-    return addresses;
-}
-
 std::vector<TextRange> allAddresses(QStringView line) {
     if (!mayHoldAddress(line))
         return {};
@@ -292,11 +227,81 @@ std::vector<TextRange> allAddresses(QStringView line) {
     return merged(std::move(addresses));
 }
 
+/// What the fields of an address hold, which nothing else tells from other words and numbers.
+struct FieldShapes {
+    RegularExpression remark{
+        uR"(^(?:0x\w+|\d\.\d|\d+ ?k?m|https?|tap|click|copy|mangler|ikke|add(?:ed)?|edit|changed?|same|use|select|choose|enter|none|no|not|any|all|other|unknown|optional|required)"
+        uR"(|county|country|land|phone|telefon|e-?mail|name|navn|status|orders|dat[eo]|years|type|search|find|see|verified|updated?)"
+        uR"(|last|confirmed|missing|invalid|tilføj|rediger|vælg|samme|ingen|alle|ukendt)\b)"};
+    RegularExpression address{
+        uR"(^(?=.*\d)(?=.*\p{L}{2})[\p{Lu}\d#][^@:;?!|]{3,70}$)"
+        uR"(|^\p{Lu}[\p{L}.’'-]*(?: [\p{L}.’'-]+){0,4}, \p{Lu}[\p{L}.’'-]*(?: \p{Lu}[\p{L}.’'-]*){0,3}$)"
+        uR"(|^\p{Lu}\p{Ll}{2,20}(?:vej|gade|vænget|stræde|allé|plads|torv|gatan|vägen|veien|gata|straße|strasse|straat|laan|weg)$)"
+        uR"(|^(?:\p{Lu}[\p{L}.’'-]{1,20} ){1,3}(?i:street|st|road|rd|avenue|ave|lane|ln|drive|dr|close|way|court|ct|place|terrace|crescent|boulevard|blvd)\.?$)",
+        RegularExpression::CaseSensitivity::sensitive};
+    RegularExpression town{
+        uR"(^(?:(?:[A-Z]{1,2}-)?\d{3,7} )?\p{Lu}[\p{L}.’'-]+(?: [\p{L}.’'-]+){0,3}(?:,? [A-Z]{2})?(?: \d{4,7})?$)",
+        RegularExpression::CaseSensitivity::sensitive};
+    RegularExpression quantity{
+        uR"(\d[.,]\d|^\d+ ?(?:[KMG]B|kg|km|cm|mm|m|pcs|stk|kr)\b|\b(?:DKK|EUR|USD|GBP|mm|cm)\b)"};
+    RegularExpression district{uR"( (?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)$)"};
+    /// No amount: a word of more than two small letters, but for what flats are called, is none of it.
+    RegularExpression postcode{
+        uR"(^(?=.{0,14}\d)(?!per\b|.*(?:\bk?m[23]|\d{3} ?[gl])$)(?:(?i:apartment|apt|flat|unit|suite|floor|level|bldg|lejl)\.? ?)?)"
+        uR"([\p{L}\d#](?:[\p{Lu}\d .#-]|\p{Ll}{1,2}(?!\p{Ll})|sal\b){0,13}$)",
+        RegularExpression::CaseSensitivity::sensitive};
+    RegularExpression state{u"^(?!UP$)[A-Z]{2}$", RegularExpression::CaseSensitivity::sensitive};
+    RegularExpression houseNumber{uR"(^\d{1,4} ?[A-Za-z]?$)"};
+
+    static const FieldShapes& shared() {
+        static const FieldShapes shapes;
+        return shapes;
+    }
+};
+
+bool isFieldOfAddress(const LabelledValue& field) {
+    const FieldShapes& shapes = FieldShapes::shared();
+    const QStringView value = field.value;
+    // In capitals as the label is: the next header.
+    const auto isInCapitals = [](QStringView text) { return text.toString().toUpper() == text; };
+    const bool isHeader = isInCapitals(field.label) && isInCapitals(value);
+    const bool hasCapital = std::ranges::any_of(value, [](QChar character) { return character.isUpper(); });
+    if (shapes.remark.hasMatch(value))
+        return false;
+    switch (field.topic) {
+    case LabelTopic::address:
+        return !isHeader && shapes.address.hasMatch(value);
+    case LabelTopic::town: // "By" names an author too
+        if (field.label.compare(u"by", Qt::CaseInsensitive) == 0)
+            return isDanishTown(value.chopped(shapes.district.hasMatch(value) ? 2 : 0));
+        return !isHeader && shapes.town.hasMatch(value);
+    case LabelTopic::postcode:
+        return !shapes.quantity.hasMatch(value) &&
+               (shapes.postcode.hasMatch(value) ||
+                (!isHeader && hasCapital && shapes.address.hasMatch(value)));
+    case LabelTopic::state:
+        return !isHeader && shapes.state.hasMatch(value);
+    case LabelTopic::houseNumber:
+        return shapes.houseNumber.hasMatch(value);
+    default:
+        return false;
+    }
+}
+
+std::vector<TextRange> addressesInField(const LabelledValue& field) {
+    if (isFieldOfAddress(field))
+        return {field.range};
+    std::vector<TextRange> addresses = allAddresses(field.value);
+    for (TextRange& address : addresses)
+        address.location += field.range.location;
+    return addresses;
+}
+
 } // namespace
 
 std::vector<TextRange> PostalAddressFinder::find(QStringView line) const {
     const auto field = LabelledValue::of(line);
-    return field ? addressesInField(line, *field) : allAddresses(line);
+    return field ? addressesInField(*field) : allAddresses(line);
 }
 
 } // namespace Veilshot

@@ -17,7 +17,7 @@ using namespace AddressParts;
 
 const QString postBox =
     uR"((?<!\w)(?i:P\.?\s?[O0]\.?\s?Box|Post(?:boks|box|fach|bus|office box)|(?:private|locked) bag|pósthólf|apartado(?: postal)?)"
-    uR"(|caixa postal|casilla|skrytka pocztowa|bo[iî]te postale|(?<=[,\t]\s?|^)(?:Box|C\.P\.|PMB))\s+(?:[A-Z]-?)?\d{1,6}(?:\s?[-–]\s?\d{5})?(?!\w))"_s;
+    uR"(|caixa postal|casilla|skrytka pocztowa|bo[iî]te postale|(?<=[,\t]\s?)(?:Box|C\.P\.|PMB)|^(?:Box|C\.P\.|PMB)(?=\s\d{1,6},\s*\p{Lu}?[\p{Lu}\d]))\s+(?:[A-Z]-?)?\d{1,6}(?:\s?[-–]\s?\d{5})?(?!\w))"_s;
 const QString careOf = uR"((?<![\w/])[Cc]\s?/\s?[Oo]\.?\s\p{Lu}[^,;:\t]{1,40})"_s;
 std::vector<RegularExpression> compiled(const QStringList& patterns, const QString& prefix = {}) {
     std::vector<RegularExpression> expressions;
@@ -78,7 +78,7 @@ PostalAddressGrammar::PostalAddressGrammar()
               uR"((?<=,\s)Dublin\s\d{1,2}W?(?!\w))"_s,
               uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
       danishPlace(compiled(
-          uR"((?<![\w@.,#:\-])(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå](?:\w{1,3}\.|\w{1,40}+)))"_s +
+          uR"((?<![\w@.,#:\-])(?<!\b(?:Rema|REMA)\s)(DK\s?-\s?)?(\d{4})\s+([A-ZÆØÅa-zæøå](?:\w{1,3}\.|\w{1,40}+)))"_s +
           uR"((?:\s+([A-ZÆØÅ][a-zæøå]{1,40}+))?)"_s + uR"((?:\s+(?i:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)\b)?)"_s)),
       europeanPlace(
           compiled(uR"((?<![\w@.,#:\-])(?:[A-Z]{1,3}-\s?)?()"_s +
@@ -87,7 +87,7 @@ PostalAddressGrammar::PostalAddressGrammar()
                    uR"()\s+(\p{Lu}[\p{L}'’\-]{1,30}+)(?:\s(\p{Lu}[\p{L}'’\-]{1,30}+))?)"_s)),
       placeBeforePostcode(compiled(
           uR"((?<![\w@.\-])(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(?:(\p{Lu}[\p{L}'’.\-]{1,20}) )?(\p{Lu}[\p{L}'’.\-]{1,20}),?\s(?:[-–]\s)?)"
-          uR"((\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{4,7})(?![\w\-]|[.,]\d| \p{Ll}{4}))"_s)),
+          uR"((\d{3} \d{3}|\d{3}-\d{4}|\d{5}-\d{3}|\d{4,7})(?![\w\-]|[.,]\d| (?:\p{Ll}{4}|(?:m|km|kr|mi|ft|kg|stk|pts?|DKK|EUR|USD|GBP)\b)))"_s)),
       continuations(compiled({floor(), unit()}, separatorOfUnit)),
       places(compiled(placePatterns(), separator)),
       area(compiled(uR"(\s*,\s*)"_s + city() + uR"((?=\s*,))"_s)),

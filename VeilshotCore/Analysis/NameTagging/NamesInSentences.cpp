@@ -158,8 +158,7 @@ bool isAsked(const NameLine& line, size_t at) {
         return false;
     const bool isAskedFor = at > 1 && line.word(at - 1).folded == "for" && line.word(at - 2).folded == "ask";
     const bool isNamed = word.is(anyName) && !word.is(anyMeaning & ~ordinaryMeaning);
-    return (isAskedFor || line.word(at - 1).isOneOf(asking)) &&
-           (isNamed || isNameLike(word) || !word.is(anyMeaning & ~unusualMeaning));
+    return (isAskedFor || line.word(at - 1).isOneOf(asking)) && (isNamed || isNameLike(word));
 }
 
 /// "Grace from the front desk wrote".

@@ -76,11 +76,13 @@ bool isNamedByTheWordBefore(const NameLine& line, size_t at) {
 
 /// "Hyacinth Mbeki": a first name that is a word as well, in front of a last name that is none.
 bool isFirstNameOfLastName(const NameLine& line, size_t at) {
+    const NameWord& first = line.word(at);
     const NameWord& last = line.word(at + 1);
+    if (!first.isShapedLikeName() || !first.is(anyFirstName) || first.is(anyMeaning & ~ordinaryMeaning) ||
+        !last.touches() || !isListedOnlyAs(anyLastName, last))
+        return false;
     const NameWord& behind = line.word(at + 2);
-    return line.word(at).isShapedLikeName() && line.word(at).is(anyFirstName) &&
-           !line.word(at).is(anyMeaning & ~ordinaryMeaning) && last.touches() &&
-           isListedOnlyAs(anyLastName, last) && !(behind.touches() && behind.isCapitalized());
+    return !(behind.touches() && behind.isCapitalized());
 }
 
 /// The last word of the name that begins with a common first name at this place.

@@ -6,6 +6,7 @@
 #include "VeilshotCore/Analysis/TextRecognition/DetailLabels.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPart.h"
 #include "VeilshotCore/Analysis/TextRecognition/ReadingPlacement.h"
+#include "VeilshotCore/Analysis/TextRecognition/ReadingTexts.h"
 
 #include <algorithm>
 #include <iterator>
@@ -18,118 +19,17 @@ namespace Veilshot {
 
 namespace {
 
-using enum RegularExpression::CaseSensitivity;
-
-/// Whether the text is one of the few words of which a name consists.
-bool mayBeName(const QString& text) {
-    static const RegularExpression expression(
-        uR"(^\p{Lu}[\p{L}'’.-]*(?:,? (?:\p{Lu}[\p{L}'’.-]*|\p{Ll}{1,3})){0,4}$)", sensitive);
-    return expression.hasMatch(text);
-}
-
-/// A house number and a word, no mail address and no label.
-bool mayBeStreet(const QString& text) {
-    static const RegularExpression expression(
-        uR"(^(?=.*(?<!\d)\d{1,5}\p{L}?(?![\p{L}\d]))(?=.*\p{L}{3})[^@:;]{6,60}$)");
-    return expression.hasMatch(text);
-}
-
-/// A town with its postcode, on either side.
-bool isPlace(const QString& text) {
-    static const RegularExpression expression(
-        uR"(^(?:(?:[A-Z]{1,2}-)?(?:(?!19|20)\d{4}|(?:19|20)\d\d(?= Frederiksberg| København)|\d{5,7}|\d{3} \d{2,3}|\d{2}-\d{3}|\d{4,5}-\d{3}|\d{4} [A-Z]{2}) \p{Lu}[\p{L}.' -]{2,30})"
-        uR"(|\p{Lu}[\p{L}.' -]{2,30},? (?:[A-Z]{2,3},? )?(?:\d{5}(?:-\d{4})?|(?!19|20)\d{4}|\d{6,7}|\d{3} \d{3}|\d{3}-\d{4}|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|[A-Z]\d[A-Z] ?\d[A-Z]\d|[A-Z]\d[\dW] [A-Z\d]{4}))$)",
-        sensitive);
-    return expression.hasMatch(text);
-}
-
-bool isTown(const QString& text) {
-    static const RegularExpression expression(uR"(^\p{Lu}[\p{L}.' -]{2,30},?$)", sensitive);
-    return expression.hasMatch(text);
-}
-
-bool isBarePostcode(const QString& text) {
-    static const RegularExpression expression(
-        uR"(^(?:\d{5}(?:-\d{4})?|(?!19|20)\d{4}|\d{6,7}|\d{3} \d{2,3}|\d{3}-\d{4}|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|[A-Z]\d[A-Z] ?\d[A-Z]\d|[A-Z]\d[\dW] [A-Z\d]{4})$)",
-        sensitive);
-    return expression.hasMatch(text);
-}
-
-/// Whether the cell goes on in the one below it: an address with its floor or postcode, a number with its
-/// last digits.
-bool goesOnInCell(const QString& upper, const QString& lower) {
-    static const RegularExpression restOfAddress(
-        uR"(^(?:\d{4,5}(?:-\d{4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2}|(?:st|kl|\d{1,2})\.? ?(?:sal)?,? ?(?:t[vh]|mf)\.?)$)");
-    static const RegularExpression restOfNumber(uR"(^\d{2,4}(?: \d{2})?$)");
-    static const RegularExpression begunNumber(uR"([\p{L}+,].*\d{2} \d{2,4}$)");
-    static const RegularExpression postcode(uR"(, \d{4,5}$)");
-    static const RegularExpression word(uR"(\p{L}{2})");
-    return (restOfAddress.hasMatch(lower) && word.hasMatch(upper)) ||
-           (restOfNumber.hasMatch(lower) && begunNumber.hasMatch(upper)) ||
-           (postcode.hasMatch(upper) && isTown(lower));
-}
-
-/// Whether a short text goes on in the next row as longer ones do: an address behind its comma, the four
-/// pairs of a telephone number.
-bool goesOnInText(const QString& upper, const QString& lower) {
-    static const RegularExpression begunAddress(uR"(\d.*,$)");
-    static const RegularExpression place(uR"(^(?:[A-Z]{1,2}-)?\d{4,5} \p{Lu}\p{Ll})", sensitive);
-    static const std::pair<RegularExpression, RegularExpression> pairsOfDigits[] = {
-        {RegularExpression(uR"((?<!\d )\b\d{2}$)"), RegularExpression(uR"(^\d{2} \d{2} \d{2}(?! ?\d))")},
-        {RegularExpression(uR"((?<!\d )\b\d{2} \d{2}$)"), RegularExpression(uR"(^\d{2} \d{2}(?! ?\d))")},
-        {RegularExpression(uR"((?<!\d )\b\d{2} \d{2} \d{2}$)"), RegularExpression(uR"(^\d{2}(?! ?\d))")},
-    };
-    static const RegularExpression begunPlace(uR"(\d.*, \d{4,5}$)");
-    static const RegularExpression town(uR"(^\p{Lu}\p{Ll}{2})", sensitive);
-    static const RegularExpression begunState(uR"(\d.*\p{L}, [A-Z]{2}$)", sensitive);
-    static const RegularExpression postcode(uR"(^\d{5}(?![\d,.]?\d))");
-    static const RegularExpression word(uR"(\p{L}{2})");
-    static const RegularExpression begunAccount(uR"(\b[A-Z]{2}\d{2}(?: [A-Z\d]{4}){0,6}$)", sensitive);
-    static const RegularExpression restOfAccount(uR"(^(?=[A-Z\d ]{0,6}\d)[A-Z\d]{4} [A-Z\d]{1,4})",
-                                                 sensitive);
-    static const RegularExpression begunHouse(uR"(\p{Lu}\p{Ll}+$)", sensitive);
-    static const RegularExpression restOfHouse(uR"(^\p{Lu}\p{Ll}+, \d{1,4}[A-Za-z]? \p{Lu}\p{Ll})",
-                                               sensitive);
-    return (begunAccount.hasMatch(upper) && restOfAccount.hasMatch(lower)) ||
-           (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
-           (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
-           (begunPlace.hasMatch(upper) && town.hasMatch(lower)) ||
-           (begunState.hasMatch(upper) && postcode.hasMatch(lower)) ||
-           (word.hasMatch(upper) && std::ranges::any_of(pairsOfDigits, [&](const auto& pairs) {
-                return pairs.first.hasMatch(upper) && pairs.second.hasMatch(lower);
-            }));
-}
-
 /// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card, or one word below another as close as lines of a
 /// text.
 bool isTornName(const SegmentReading& upper, const SegmentReading& lower) {
     constexpr double widestGap = 0.6; // in heights
+    using enum RegularExpression::CaseSensitivity;
     static const RegularExpression begun(uR"((?:(?<!\S)\p{Ll}+|\p{L}:) \p{Lu}\p{Ll}{2,}$)", sensitive);
     static const RegularExpression rest(uR"(^\p{Lu}\p{Ll}[\p{L}-]+$)", sensitive);
     const int height = std::max(upper.box.height(), lower.box.height());
     const bool isClose = lower.box.top() - upper.box.bottom() <= widestGap * height;
     return rest.hasMatch(lower.text) &&
            (begun.hasMatch(upper.text) || (isClose && rest.hasMatch(upper.text)));
-}
-
-/// Whether a mail or web address is torn by the end of the row, behind one of its signs, or a key behind its
-/// hyphen.
-bool isTornToken(const QString& upper, const QString& lower) {
-    static const RegularExpression begunLink(uR"((?:[\w.+-]@|://|www\.)\S*[-./_?&=@]$)");
-    static const RegularExpression restOfLink(uR"(^[\w%~.=&?-]*[\w/](?=\s|$))");
-    static const RegularExpression begunMailbox(uR"([\p{L}\d]{2}[-._]$)");
-    static const RegularExpression restOfMail(uR"(^[\w.+-]+@[\w-]+\.\w)");
-    static const RegularExpression begunKey(uR"((?<!\S)(?=\S*\d)[\w-]{8,}-$)");
-    static const RegularExpression restOfKey(uR"(^(?=\S*\d)[\w-]{6,})");
-    return (begunLink.hasMatch(upper) && restOfLink.hasMatch(lower)) ||
-           (begunMailbox.hasMatch(upper) && restOfMail.hasMatch(lower)) ||
-           (begunKey.hasMatch(upper) && restOfKey.hasMatch(lower));
-}
-
-/// A label in a text would give all of it away that is read on with it.
-bool hasLabel(const QString& text) {
-    static const RegularExpression expression(uR"(\p{L}\s*[:#])");
-    return expression.hasMatch(text);
 }
 
 /// A line with a label and its colon would be hidden whole, whatever stands behind it.
@@ -246,19 +146,20 @@ void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& end
     constexpr std::size_t mostParts = 5;
     if (!isPlace(end.text) && !isBarePostcode(end.text))
         return;
-    std::vector<ReadingPart> parts{whole(end)};
-    while (parts.size() < mostParts) {
-        const SegmentReading& lower = parts.front().reading;
+    std::vector<const SegmentReading*> rows{&end}; // upwards
+    while (rows.size() < mostParts) {
+        const SegmentReading& lower = *rows.back();
         const auto upper = std::ranges::find_if(
             readings, [&](const SegmentReading& reading) { return isBelow(reading, lower); });
         if (upper == readings.end() || goesOnInText(upper->text, lower.text))
             return;
-        std::vector<ReadingPart> longer{whole(*upper)};
-        for (const ReadingPart& part : parts)
-            longer.push_back({part.reading, part.range});
-        parts = std::move(longer);
-        if (mayBeStreet(upper->text))
+        rows.push_back(&*upper);
+        if (mayBeStreet(upper->text)) {
+            std::vector<ReadingPart> parts;
+            std::transform(rows.rbegin(), rows.rend(), std::back_inserter(parts),
+                           [](const SegmentReading* row) { return whole(*row); });
             return appendForEach(lines, parts, u", ", image);
+        }
         if (!isTown(upper->text))
             return;
     }

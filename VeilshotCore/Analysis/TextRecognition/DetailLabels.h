@@ -16,7 +16,7 @@ public:
     explicit DetailLabels(const std::vector<SegmentReading>& readings);
 
     bool isOfDetail(std::size_t index) const;
-    /// Of one that always has digits.
+    /// Whether it is one whose value always has digits.
     bool isOfNumber(std::size_t index) const;
     /// Whether the text may stand beside or below one: not the label of the next.
     bool mayBeValue(const SegmentReading& reading, std::size_t index) const;

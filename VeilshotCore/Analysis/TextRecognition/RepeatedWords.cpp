@@ -106,7 +106,9 @@ private:
                 m_runs.push_back({text, std::move(passage), {}});
             }
             isKept = true;
-            runs.push_back(m_runs.size() - 1);
+            const std::size_t index = m_runs.size() - 1;
+            if (!runs.contains(index)) // "Ali Ali"
+                runs.push_back(index);
         }
     }
 

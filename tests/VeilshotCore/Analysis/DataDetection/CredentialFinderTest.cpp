@@ -41,6 +41,9 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
          "is_valid_username2", "activation codes high-quality", "Password\tTwo-factor authentication",
          "Tokens\t512", "Password\tlast changed 3 months ago", "password reset - 2 hours",
          "password is case-sensitive", "password changed! Please log in 2024", "trace-0316"});
+    expectNothingFound<CredentialFinder>({"Port: 8080", "HTTP-kode 404", "Passwords\t1280",
+                                          "Network key\tWPA2-PSK", "Token\trefresh 3600",
+                                          "The code for this is step2.js", "Sheet-Layer-12"});
 }
 
 } // namespace

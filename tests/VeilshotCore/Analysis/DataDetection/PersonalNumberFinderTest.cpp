@@ -30,7 +30,7 @@ TEST(PersonalNumberFinder, FindsDatesOfBirthAndNumbersBehindTheirLabels) {
          "On 6 February 1973 they met", "Paid 14.02.2025, 1.2.1999.4", "1 / 2 / 3 / 1979, 5 - 3.1990",
          "Updated 10.11.2016 (May 12, 2011)", "INC0012345", "Reg. 2016/679, reg. 2024",
          "The passport\tof 2019", "Order ID\tAB-123456", "Passport\t12/03/2031", "License\tMIT 2024",
-         "Social security\t$1,200.00"});
+         "Social security\t$1,200.00", "2018 2019 2020 2021 2022 2023", "4000 5000 6000 7000"});
 }
 
 } // namespace
