@@ -30,6 +30,9 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
     EXPECT_EQ(labelled(below), Texts{"Born\t4 July 1961"});
     EXPECT_EQ(labelled({500, 30, 90, 12}), Texts{});
     EXPECT_EQ(labelled({26, 44, 90, 12}), Texts{"Born\t4 July 1961"}); // in a frame
+    const QRect framed(26, 44, 90, 12);
+    EXPECT_EQ(linesWith({evenReading(u"Surname"_s, first), evenReading(u"Cichy"_s, framed)}, framed),
+              Texts{"Surname\tCichy"});
     for (const QString& label : {u"Passport"_s, u"Guest’s licence / ID no. (optional)"_s, u"birth_date"_s,
                                  u"Wi-Fi password"_s, u"Home address"_s, u"Postnr. og by *"_s})
         EXPECT_EQ(linesWith({evenReading(label, first), evenReading(u"X 9"_s, beside)}, beside),
