@@ -72,9 +72,9 @@ TEST(NamesInALine, AreFoundInSectionsAndByTheirForm) {
     expectNames({u"[Hollow, Jasper]"_s, u"[de Wilde, Famke]"_s, u"Hancock, Maine"_s, u"[Tor] [Ivar Bakken]"_s,
                  u"where surname = '[Aust]' or full_name <> \"[Ai Bo]\""_s, u"hostname = 'Aust'"_s,
                  u"Any time, [Obinze]."_s, u"Any questions, Norway."_s, u"her daughter [Clemency] by phone"_s,
-                 u"Ask [Hyacinth] or the desk"_s, u"ask for [Bell] at the desk"_s,
-                 u"Tell Payroll about it"_s, u"Lunch [Prudence] & [Olu]"_s,
-                 u"[Grace] from the front desk wrote: yes"_s, u"Mark from scratch what is wrong"_s});
+                 u"Ask [Hyacinth] or the desk"_s, u"ask for [Bell] at the desk"_s, u"Tell Payroll about it"_s,
+                 u"Lunch [Prudence] & [Olu]"_s, u"[Grace] from the front desk wrote: yes"_s,
+                 u"Mark from scratch what is wrong"_s});
 }
 
 TEST(NamesInALine, AreToldFromOtherThings) {
