@@ -19,19 +19,6 @@ namespace Veilshot {
 
 namespace {
 
-/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card, or one word below another as close as lines of a
-/// text.
-bool isTornName(const SegmentReading& upper, const SegmentReading& lower) {
-    constexpr double widestGap = 0.6; // in heights
-    using enum RegularExpression::CaseSensitivity;
-    static const RegularExpression begun(uR"((?:(?<!\S)\p{Ll}+|\p{L}:) \p{Lu}\p{Ll}{2,}$)", sensitive);
-    static const RegularExpression rest(uR"(^\p{Lu}\p{Ll}[\p{L}-]+$)", sensitive);
-    const int height = std::max(upper.box.height(), lower.box.height());
-    const bool isClose = lower.box.top() - upper.box.bottom() <= widestGap * height;
-    return rest.hasMatch(lower.text) &&
-           (begun.hasMatch(upper.text) || (isClose && rest.hasMatch(upper.text)));
-}
-
 /// A line with a label and its colon would be hidden whole, whatever stands behind it.
 ReadingPart withoutColon(const SegmentReading& label) {
     qsizetype length = label.text.size();
@@ -68,6 +55,19 @@ bool isProse(const SegmentReading& reading) {
                                              RegularExpression::CaseSensitivity::sensitive);
     return reading.box.width() >= leastWidth * reading.box.height() &&
            smallWord.ranges(reading.text).size() >= 3;
+}
+
+/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card, or one word below another as close as lines of a
+/// text.
+bool isTornName(const SegmentReading& upper, const SegmentReading& lower) {
+    using enum RegularExpression::CaseSensitivity;
+    constexpr double widestGap = 0.6; // in heights
+    static const RegularExpression begun(uR"((?:(?<!\S)\p{Ll}+|\p{L}:) \p{Lu}\p{Ll}{2,}$)", sensitive);
+    static const RegularExpression rest(uR"(^\p{Lu}\p{Ll}[\p{L}-]+$)", sensitive);
+    const int height = std::max(upper.box.height(), lower.box.height());
+    const bool isClose = lower.box.top() - upper.box.bottom() <= widestGap * height;
+    return rest.hasMatch(lower.text) &&
+           (begun.hasMatch(upper.text) || (isClose && rest.hasMatch(upper.text)));
 }
 
 /// Whether the two belong to one text and may be read across the end of the line; not where a time or a date

@@ -84,12 +84,6 @@ bool goesOnInText(const QString& upper, const QString& lower) {
             }));
 }
 
-bool isTornName(const QString& upper, const QString& lower) {
-    static const RegularExpression begun(uR"((?:(?<!\S)\p{Ll}+|\p{L}:) \p{Lu}\p{Ll}{2,}$)", sensitive);
-    static const RegularExpression rest(uR"(^\p{Lu}\p{Ll}[\p{L}-]+$)", sensitive);
-    return begun.hasMatch(upper) && rest.hasMatch(lower);
-}
-
 bool isTornToken(const QString& upper, const QString& lower) {
     static const RegularExpression begunLink(uR"((?:[\w.+-]@|://|www\.)\S*[-./_?&=@]$)");
     static const RegularExpression restOfLink(uR"(^[\w%~.=&?-]*[\w/](?=\s|$))");

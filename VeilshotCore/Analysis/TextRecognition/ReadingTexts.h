@@ -28,9 +28,6 @@ bool goesOnInCell(const QString& upper, const QString& lower);
 /// pairs of a telephone number.
 bool goesOnInText(const QString& upper, const QString& lower);
 
-/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card.
-bool isTornName(const QString& upper, const QString& lower);
-
 /// Whether a mail or web address is torn by the end of the row, behind one of its signs, or a key behind its
 /// hyphen.
 bool isTornToken(const QString& upper, const QString& lower);
