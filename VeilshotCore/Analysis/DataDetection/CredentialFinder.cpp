@@ -27,10 +27,11 @@ const QString hyphenatedCode = uR"([a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}(?![\w-]))"
 struct Expressions {
     /// In a cell beside their label: numbers that open something, codes in groups and words for which
     /// somebody thought of a digit, all of which may be torn by a blank.
-    RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?: \d){3,7}$)"};
+    RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?:[ -]\d){3,7}$)"};
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
     RegularExpression answer{u"(?:answer|memorable|svar)"};
-    RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
+    RegularExpression wordAndNumber{
+        uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$|^(?!.*\b(?:last|every|after|before|days?|weeks?|version|jan|feb|mar|apr|may|jun|jul|aug|sep|oct|nov|dec|changed|updated|expires|minimum|least|sidst|efter)\b)\p{L}{3,12}(?:[ -]\p{L}{3,12}){1,7}[ -](?!(?:19|20)\d\d\b)\d{1,4}$)"};
     RegularExpression wordsInCell{
         uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
         sensitive};
@@ -63,6 +64,19 @@ struct Expressions {
         uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}(?:-\p{Lu}\p{Ll}{3,12}-(?!(?:19|20)\d\d)|[!$%&*^])\d{2,4})(?![\w/@-]))",
         sensitive};
 
+    /// And "Plover-9-Beacon_21", "kT7#heather!Delta", "4-0-9-2".
+    RegularExpression signsInWord{
+        uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}-\d{1,3}-\p{Lu}\p{Ll}{3,12}[-_]\d{1,4})(?![\w/@-]))"
+        uR"(|(?<!\S)((?=\S*\d)(?=\S*\p{Lu})[\p{L}\d]{2,12}[#!$%*^£][\p{L}\d]{3,16}[#!$%*^£&][\p{L}\d]{2,12})(?!\S)|^(\d(?:-\d){3,5})$)",
+        sensitive};
+    /// Words in small letters are a key behind their label only, from which the blank may be lost, and groups
+    /// of any length at the end of the line behind what they are for.
+    RegularExpression wordsOfKey{
+        uR"((?<!\p{L})(?:[Kk]ey|[Pp]ass(?:word|phrase|code)|[Kk]odeord|[Aa]dgangskode|[Kk]ode)\s?[:=]?\s?(\p{Ll}{3,12}(?:-\p{Ll}{3,12}){1,5}-\d{1,4})(?![\w-]))",
+        sensitive};
+    RegularExpression groupsForThing{
+        uR"((?<!\p{L})(?:pass(?:word|code)|code|\p{L}{0,9}koden?)\s(?:for|to|til)\s[^\s.,:;]{2,20}(?:\s[^\s.,:;]{2,20}){0,2}:?\s((?=[\w-]*\d)[a-z\d]{2,8}(?:-[a-z\d]{2,8}){1,4})\s*$)"};
+
     /// "exportfix with Marigold!7726": the name of the user in front.
     RegularExpression withPassword{
         uR"((?<!\p{L})(?:with|med)\s+((?=\S{0,40}\d\d)\p{Lu}[\p{L}\d_]{2,20}[!$%&*^][\w!$%&*^-]{2,20})(?![\w/.]))",
@@ -90,7 +104,7 @@ struct Expressions {
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
-        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|koden?|kontrolcifre))"
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your|pick-?up|collection|locker)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm|afhentnings|udleverings|pakke|hente|nøgle|boks)koden?|koden?|kontrolcifre))"
         uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
     RegularExpression codeToEnter{
         uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};
@@ -158,6 +172,7 @@ TextRange grown(QStringView line, TextRange credential) {
     constexpr qsizetype shortestPiece = 4;
     constexpr qsizetype pieceBeforeReach = 24;
     constexpr qsizetype shortestRow = 40;
+    constexpr qsizetype shortestKey = 18;
     static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
     const qsizetype from = std::max<qsizetype>(0, credential.location - pieceBeforeReach);
     if (const auto before = pieceBefore.firstMatch(line.sliced(from, credential.location - from))) {
@@ -175,7 +190,11 @@ TextRange grown(QStringView line, TextRange credential) {
     }
     // All of a long one up to the next blank: a row of a key in several rows.
     static const RegularExpression rest(uR"([^\s"'”“<>()\[\]{},;]{1,60})");
-    const auto end = credential.length >= shortestRow ? rest.matchAt(line, credential.end()) : std::nullopt;
+    // Of a shorter one past a sign that hardly stands behind a word.
+    static const RegularExpression restPastSign(uR"([%~!$^*+£][\p{L}\p{N}%~!$^*+£_-]{1,60})");
+    const auto end = credential.length >= shortestRow   ? rest.matchAt(line, credential.end())
+                     : credential.length >= shortestKey ? restPastSign.matchAt(line, credential.end())
+                                                        : std::nullopt;
     return end ? TextRange{credential.location, end->range.end() - credential.location} : credential;
 }
 
@@ -209,6 +228,12 @@ bool isRandom(QStringView text) {
     if (text.contains(u'/') && text.size() < leastLengthWithSlash)
         return false;
     const Composition parts(text);
+    static const RegularExpression longWord(uR"(\p{Ll}{5}|\p{Lu}{6})", sensitive);
+    constexpr int fewestBreaks = 6;
+    constexpr int fewestCapitals = 4;
+    if (parts.digits >= 3 && parts.upper >= fewestCapitals && parts.lower >= fewestCapitals &&
+        breaks(text) >= fewestBreaks && !longWord.hasMatch(text) && !text.contains(u'/'))
+        return true;
     const int leastOfPath = text.contains(u'/') ? 2 * leastChanges : leastChanges;
     const bool isUnbroken =
         std::ranges::all_of(text, [](QChar character) { return character.isLetterOrNumber(); });
@@ -265,11 +290,20 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
     const bool hasDigit = Composition(line).digits > 0;
     for (const RegularExpression* expression :
          {&expressions.code, &expressions.codeBefore, &expressions.codeToEnter, &expressions.door,
-          &expressions.wordsWithNumber, &expressions.authenticatorKey}) {
+          &expressions.wordsWithNumber, &expressions.authenticatorKey, &expressions.wordsOfKey}) {
         if (!hasDigit)
             break;
         for (const auto& match : expression->matches(line))
             add(match.groups[0]);
+    }
+    if (hasDigit) {
+        for (const TextRange range : expressions.signsInWord.ranges(line))
+            add(range);
+    }
+    for (const auto& match : expressions.groupsForThing.matches(line)) {
+        const TextRange code = match.groups[0];
+        if (Composition(line.sliced(code.location, code.length)).changes >= 2)
+            add(code);
     }
     for (const auto& match : expressions.groups.matches(line)) {
         const TextRange codes = match.groups[0];

@@ -121,6 +121,12 @@ bool isTornToken(const QString& upper, const QString& lower) {
            (begunKey.hasMatch(upper) && restOfKey.hasMatch(lower));
 }
 
+/// Whether it is a row of a secret of words, which goes on in the next.
+bool isRowOfWords(const QString& text) {
+    static const RegularExpression expression(uR"(^\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,11}$)", sensitive);
+    return expression.hasMatch(text);
+}
+
 /// A label in a text would give all of it away that is read on with it.
 bool hasLabel(const QString& text) {
     static const RegularExpression expression(uR"(\p{L}\s*[:#])");
@@ -210,6 +216,15 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
         const SegmentReading& value = readings[index];
         if (isPerson ? mayBeName(value.text) : labels.mayBeValue(value, index))
             appendForEach(lines, {withoutColon(label), whole(value)}, u"\t", image);
+        const SegmentReading* row = &value;
+        while (!isPerson && isRowOfWords(row->text)) {
+            const auto next = std::ranges::find_if(
+                readings, [&](const SegmentReading& lower) { return isBelow(*row, lower); });
+            if (next == readings.end() || !isRowOfWords(next->text))
+                break;
+            row = &*next;
+            appendForEach(lines, {withoutColon(label), whole(*row)}, u"\t", image);
+        }
     };
     std::optional<std::size_t> beside;
     std::optional<std::size_t> field;

@@ -27,6 +27,11 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
          "Key box code [3 9 1 7], by", "Kode til kortet er [Vinter-6628], og", "[m4ub-e9xk]",
          "Wi-Fi voucher [heron-4K2P-77].", "[JBSW Y3DP EHPK 3PXP]", "Enter [482913] to sign in",
          "Security answer\t[mustard Kadett]", "the password is [heron-lake-otter] ok", "kode: [Solsort-88]"});
+    expectFound<CredentialFinder>(
+        {"Passphrase\t[green lantern river 27]", "[Plover-9-Beacon_21]", "[kT7#heather!Delta]",
+         "shop/client-secret\t[WQEFhDyK407L~fYsTMpYnRYD0bj.X7V3]", "[wqk-c4w4c6-2capc3cvw2-avi9%ena]",
+         "Midlertidig kode til VPN [Rk4-pq77-Lm]", "Key[heather-kettle-482] hangs", "[4-0-7-9]",
+         "Afhentningskode [620814]"});
 }
 
 TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
@@ -40,7 +45,9 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
         {"Password\tChanged 2024", "secret = match2.groups[0];", "PIN code required", "2025-2026-2027",
          "is_valid_username2", "activation codes high-quality", "Password\tTwo-factor authentication",
          "Tokens\t512", "Password\tlast changed 3 months ago", "password reset - 2 hours",
-         "password is case-sensitive", "password changed! Please log in 2024", "trace-0316"});
+         "password is case-sensitive", "password changed! Please log in 2024", "trace-0316",
+         "Password\tlast changed day 12", "host-name-12", "Key features 12", "Kode til ordre AB-1234",
+         "12-0-4"});
 }
 
 } // namespace
