@@ -46,7 +46,7 @@ const QString secret =
     uR"(|kontrolcifre|\p{L}{0,12}n[øo]gler?)"_s;
 
 const QString address =
-    uR"((?:(?:street|home|postal|mailing|delivery|shipping|billing|residential|permanent|current|visiting|residence) ?)?address(?:es)?(?:[ -]?line)?(?: ?[1-4])?)"
+    uR"((?:(?:street|home|postal|mailing|delivery|shipping|billing|residential|permanent|current|visiting|residence|previous|former|old|new) ?)?address(?:es)?(?:[ -]?line)?(?: ?[1-4])?)"
     uR"(|street(?: ?(?:name|number|no|line))?(?: ?[1-4])?|(?:house|building) name|p\.?o\.? ?box|(?:(?:leverings|faktura|hjemme|privat|post|folkeregister|bopæls|fragt)?adresser?(?:linje)?)(?: ?[1-4])?|bop(?:æ|ae?|e)l)"
     uR"(|(?:gade|vej)(?:navn)?|stra(?:ß|ss)e|rue|calle|via)"_s;
 const QString town =
@@ -61,7 +61,8 @@ const QString postcode =
 /// LabelTopic, in their order.
 RegularExpression makeLabelOfDetail() {
     const QString ofWhom = uR"((?:[\p{L}’'.-]{1,20} ){0,2}?)"_s;
-    const QString ofWhat = u"(?:(?:billing|shipping|delivery|home|leverings|faktura)[ -]?)?"_s;
+    const QString ofWhat =
+        uR"((?:(?:billing|shipping|delivery|home|leverings|faktura|tidl(?:igere|\.)|nuværende|ny)[ -]?)?)"_s;
     return RegularExpression(
         u"^(?:("_s + birth + u")|"_s + ofWhom + u"("_s + document + u"|(?:"_s + owner + u")['’]?s?(?="_s +
         numberWord + u"))(?:"_s + numberWord + u")?|("_s + branch + u")|"_s + ofWhom + u"("_s + secret +

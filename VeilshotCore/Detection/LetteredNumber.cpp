@@ -32,7 +32,7 @@ bool isOtherWord(QStringView letters) {
 } // namespace
 
 TextRange withLettersOfNumber(QStringView line, TextRange number) {
-    static const RegularExpression before(uR"((?<![\p{L}\d.'’/@_-])(\p{Lu}{1,4}) ?$)", sensitive);
+    static const RegularExpression before(uR"((?<![\p{L}\d.'’/@_-])(?![TMF] )(\p{Lu}{1,4}) ?$)", sensitive);
     static const RegularExpression behind(uR"((?!GB|MB|TB|KB|KG|KM|CM|MM|ML|EU)\p{Lu}{1,2}(?![\p{L}\d/@_-]))",
                                           sensitive);
     if (!isNumber(line.sliced(number.location, number.length)))

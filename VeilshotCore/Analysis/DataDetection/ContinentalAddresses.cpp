@@ -80,11 +80,13 @@ QString plot() {
              uR"((?:/\d{1,4})?,\s*\d{1,2}(?:st|nd|rd|th)\s(?:Cross|Main|Block|Avenue|Street)\b)"_s});
 }
 
-// Korea: "Mangwon-ro 84, Mapo-gu, Seoul 04016"
+// Korea: "Mangwon-ro 84, Mapo-gu, Seoul 04016", "27 Mangwon-ro 4-gil"
 
 QString koreanStreet() {
+    const QString road = uR"(\p{Lu}\p{Ll}{2,20}-(?:daero|ro|gil)(?:\s\d{1,3}-gil)?)"_s;
     return beforeName() +
-           uR"(\p{Lu}\p{Ll}{2,20}-(?:daero|ro|gil)(?:\s\d{1,3}-gil)?\s\d{1,4}(?:-\d{1,3})?(?![\w%]|[.,]\d))"_s +
+           anyOf({road + uR"(\s\d{1,4}(?:-\d{1,3})?(?![\w%-]|[.,]\d))"_s,
+                  beforeNumber() + uR"(\d{1,4}(?:-\d{1,3})?,?\s)"_s + road + uR"((?![\w-]))"_s}) +
            optional(uR"(\s\d{1,3}-gil)"_s) + optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}-(?:gu|si|gun|dong))"_s) +
            optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}\s\d{5}(?!\d))"_s);
 }

@@ -222,7 +222,7 @@ struct FieldShapes {
         uR"(^(?:(?:[A-Z]{1,2}-)?\d{3,7} )?\p{Lu}[\p{L}.’'-]+(?: [\p{L}.’'-]+){0,3}(?:,? [A-Z]{2})?(?: \d{4,7})?$)",
         RegularExpression::CaseSensitivity::sensitive};
     RegularExpression quantity{uR"(\d[.,]\d|^\d+ ?(?:[KMG]B|kg|km|cm|mm|m|pcs|stk|kr)\b)"};
-    RegularExpression district{uR"( (?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)$)"};
+    RegularExpression district{uR"( (?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M|St\.?|Sj\.?)$)"};
     RegularExpression postcode{uR"(^(?=.{0,14}\d)[\p{L}\d#][\p{L}\d .#-]{0,13}$)"};
     RegularExpression state{u"^[A-Z]{2}$", RegularExpression::CaseSensitivity::sensitive};
     RegularExpression houseNumber{uR"(^\d{1,4} ?[A-Za-z]?$)"};
@@ -244,8 +244,10 @@ bool isFieldOfAddress(LabelTopic topic, QStringView label, QStringView value) {
     case LabelTopic::address:
         return !isHeader && shapes.address.hasMatch(value);
     case LabelTopic::town: // "By" names an author too
-        if (label.compare(u"by", Qt::CaseInsensitive) == 0)
-            return isDanishTown(value.chopped(shapes.district.hasMatch(value) ? 2 : 0));
+        if (label.compare(u"by", Qt::CaseInsensitive) == 0) {
+            const auto district = shapes.district.firstMatch(value);
+            return isDanishTown(value.chopped(district ? district->range.length : 0));
+        }
         return !isHeader && shapes.town.hasMatch(value);
     case LabelTopic::postcode:
         return !shapes.quantity.hasMatch(value) &&

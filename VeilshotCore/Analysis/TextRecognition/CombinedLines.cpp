@@ -63,8 +63,10 @@ bool goesOnInCell(const QString& upper, const QString& lower) {
     static const RegularExpression restOfNumber(uR"(^\d{2,4}(?: \d{2})?$)");
     static const RegularExpression begunNumber(uR"([\p{L}+,].*\d{2} \d{2,4}$)");
     static const RegularExpression postcode(uR"(, \d{4,5}$)");
+    static const RegularExpression begunStreet(uR"(\p{L}{3}[^,]* \d{1,4}[A-Za-z]?,$)");
     static const RegularExpression word(uR"(\p{L}{2})");
-    return (restOfAddress.hasMatch(lower) && word.hasMatch(upper)) ||
+    return (begunStreet.hasMatch(upper) && isTown(lower)) ||
+           (restOfAddress.hasMatch(lower) && word.hasMatch(upper)) ||
            (restOfNumber.hasMatch(lower) && begunNumber.hasMatch(upper)) ||
            (postcode.hasMatch(upper) && isTown(lower));
 }
@@ -87,11 +89,14 @@ bool goesOnInText(const QString& upper, const QString& lower) {
     static const RegularExpression begunAccount(uR"(\b[A-Z]{2}\d{2}(?: [A-Z\d]{4}){0,6}$)", sensitive);
     static const RegularExpression restOfAccount(uR"(^(?=[A-Z\d ]{0,6}\d)[A-Z\d]{4} [A-Z\d]{1,4})",
                                                  sensitive);
+    static const RegularExpression begunTown(uR"(\d.*, \d{4} \p{Lu}\p{Ll}{2,}$)", sensitive);
+    static const RegularExpression district(uR"(^(?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)(?=[.,!?;]|$))", sensitive);
     static const RegularExpression begunHouse(uR"(\p{Lu}\p{Ll}+$)", sensitive);
     static const RegularExpression restOfHouse(uR"(^\p{Lu}\p{Ll}+, \d{1,4}[A-Za-z]? \p{Lu}\p{Ll})",
                                                sensitive);
     return (begunAccount.hasMatch(upper) && restOfAccount.hasMatch(lower)) ||
            (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
+           (begunTown.hasMatch(upper) && district.hasMatch(lower)) ||
            (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
            (begunPlace.hasMatch(upper) && town.hasMatch(lower)) ||
            (begunState.hasMatch(upper) && postcode.hasMatch(lower)) ||
@@ -112,11 +117,15 @@ bool isTornName(const QString& upper, const QString& lower) {
 bool isTornToken(const QString& upper, const QString& lower) {
     static const RegularExpression begunLink(uR"((?:[\w.+-]@|://|www\.)\S*[-./_?&=@]$)");
     static const RegularExpression restOfLink(uR"(^[\w%~.=&?-]*[\w/](?=\s|$))");
+    static const RegularExpression linkToEnd(uR"(://\S*\w$)");
+    static const RegularExpression restWithSlash(
+        uR"(^(?!(?:and|or|og|eller|he|she)/)[\w.-]+/[\w%~.=&?/-]*\w(?=\s|$))");
     static const RegularExpression begunMailbox(uR"([\p{L}\d]{2}[-._]$)");
     static const RegularExpression restOfMail(uR"(^[\w.+-]+@[\w-]+\.\w)");
     static const RegularExpression begunKey(uR"((?<!\S)(?=\S*\d)[\w-]{8,}-$)");
     static const RegularExpression restOfKey(uR"(^(?=\S*\d)[\w-]{6,})");
-    return (begunLink.hasMatch(upper) && restOfLink.hasMatch(lower)) ||
+    return (linkToEnd.hasMatch(upper) && restWithSlash.hasMatch(lower)) ||
+           (begunLink.hasMatch(upper) && restOfLink.hasMatch(lower)) ||
            (begunMailbox.hasMatch(upper) && restOfMail.hasMatch(lower)) ||
            (begunKey.hasMatch(upper) && restOfKey.hasMatch(lower));
 }
@@ -139,6 +148,11 @@ ReadingPart withoutColon(const SegmentReading& label) {
     while (length > 0 && u":# "_s.contains(label.text[length - 1]))
         --length;
     return {label, {0, length}};
+}
+
+/// Its comma is written by what joins it to the next.
+ReadingPart withoutComma(const SegmentReading& reading) {
+    return {reading, {0, reading.text.size() - (reading.text.endsWith(u',') ? 1 : 0)}};
 }
 
 /// The last words, or the first.
@@ -262,7 +276,7 @@ void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& end
             readings, [&](const SegmentReading& reading) { return isBelow(reading, lower); });
         if (upper == readings.end() || goesOnInText(upper->text, lower.text))
             return;
-        std::vector<ReadingPart> longer{whole(*upper)};
+        std::vector<ReadingPart> longer{withoutComma(*upper)};
         for (const ReadingPart& part : parts)
             longer.push_back({part.reading, part.range});
         parts = std::move(longer);

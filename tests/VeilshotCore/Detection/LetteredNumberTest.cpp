@@ -16,6 +16,7 @@ TEST(LetteredNumber, TakesTheSeriesAroundANumberAndNoWords) {
     };
     const Row rows[] = {
         {u"4471 0926"_s, u"KT 4471 0926"_s, u"is KT 4471 0926."_s},
+        {u"0114 496 0110"_s, u"0114 496 0110"_s, u"T 0114 496 0110"_s},
         {u"44719025"_s, u"UH44719025EA"_s, u"UH44719025EA, on"_s},
         {u"7304-18"_s, u"7304-18"_s, u"REF 7304-18 8GB"_s},
         {u"485 777 3456"_s, u"485 777 3456"_s, u"NHS 485 777 3456 A"_s},
