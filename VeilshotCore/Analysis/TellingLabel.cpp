@@ -42,8 +42,9 @@ const QString secret =
     uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre[- ]?shared|network|security|wi-?fi|wlan|wpa[23]?|master|setup|manual|authenticator)[ -](?:key|phrase|voucher|code)s?)"
     uR"(|(?:security|access|door|gate|entry|alarm|lock ?box|key ?safe|verification|log-?in|sign-?in|one-time|backup|recovery|reset|authentication)"
     uR"(|confirmation|unlock|2fa|mfa|safe|key ?box|pick-?up|collection|locker)[ -](?:pin[ -])?(?:code|password|passcode)s?|(?:seed|recovery|backup|secret) (?:phrase|words))"
-    uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|d[øo]r|port|alarm|gendannelses|backup|nød|bekræftelses|låge|afhentnings|udleverings|hente|boks|wifi[- ])(?:koder?|nøgler?))"
-    uR"(|kontrolcifre|\p{L}{0,12}n[øo]gler?)"_s;
+    uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|d[øo]r|port|alarm|gendannelses|backup|nød|bekræftelses|låge|afhentnings|udleverings|hente|boks|bank|lås|start|gæste|mitid-?|wifi[- ])(?:koder?|nøgler?))"
+    uR"(|kontrolcifre|\p{L}{0,12}n[øo]gler?|(?:\w{2,10} )?combination|(?:bike|suitcase|gym) lock|padlock|key ?(?:safe|box)|lock ?box|nøgleboks(?:[ -]?koden?)?)"
+    uR"(|join code|security question answer|mother['’]?s maiden name|(?:your )?first (?:pet|school)|mors pigenavn)"_s;
 
 const QString address =
     uR"((?:(?:street|home|postal|mailing|delivery|shipping|billing|residential|permanent|current|visiting|residence|previous|former|old|new) ?)?address(?:es)?(?:[ -]?line)?(?: ?[1-4])?)"

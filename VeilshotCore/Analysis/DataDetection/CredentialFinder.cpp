@@ -27,13 +27,13 @@ const QString hyphenatedCode = uR"([a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}(?![\w-]))"
 struct Expressions {
     /// In a cell beside their label: numbers that open something, codes in groups and words for which
     /// somebody thought of a digit, all of which may be torn by a blank.
-    RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?:[ -]\d){3,7}$)"};
+    RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?:[ -]\d){2,7}$)"};
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
-    RegularExpression answer{u"(?:answer|memorable|svar)"};
+    RegularExpression answer{u"(?:answer|memorable|svar|maiden|pigenavn|first )"};
     RegularExpression wordAndNumber{
         uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$|^(?!.*\b(?:last|every|after|before|days?|weeks?|version|jan|feb|mar|apr|may|jun|jul|aug|sep|oct|nov|dec|changed|updated|expires|minimum|least|sidst|efter)\b)\p{L}{3,12}(?:[ -]\p{L}{3,12}){1,7}[ -](?!(?:19|20)\d\d\b)\d{1,4}$)"};
     RegularExpression wordsInCell{
-        uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
+        uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|click|reveal|show|hidden|copy|change|reset|enter|choose|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{2,10}(?: \p{Ll}{2,10}){3,23}$)",
         sensitive};
     RegularExpression tornInCell{
         uR"(^[^\s]{2,24}(?:(?<=[-_!&#+@%*.])\s|\s(?=[-_!&#+@%*]))\S{2,24}(?:\s?\S{2,24}){0,3}$)"};
@@ -49,6 +49,8 @@ struct Expressions {
         uR"((?:pass(?:word|wd|phrase)?|pwd|secret|adgangskode)["'”’]?\s?[:=]\s?["'“‘]([^"'”’“‘<>{}$]{5,60})["'”’])"};
     RegularExpression codeOfThing{
         uR"((?<!\p{L})(?:pass(?:word|code)|code|kode|adgangskode)\s(?:for|to|til)\s[^.,:;]{2,40}?\s(?:is|er)\s([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().]))"};
+    RegularExpression passwordOfThing{
+        uR"((?<!\p{L})(?:password|passcode|passphrase|adgangskode|kodeord)n?\s(?:for|to|til)\s[^.,:;]{2,24}:\s([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().]))"};
     RegularExpression user{uR"((?<!\S)(?:-u|--user)[ =]["'“]?[\w.@-]{1,40}:([^\s"'”]{4,}))"};
     /// Of words only: "password is heron-lake-otter", "password: “orange bicycle window”".
     RegularExpression words{
@@ -86,7 +88,7 @@ struct Expressions {
     RegularExpression knownShape{
         uR"((?<![A-Za-z0-9])(?:(?:AKIA|ASIA|AROA|AGPA)[A-Z0-9]{12,}|AIza[\w-]{20,}|gh[oprsu]_\w{12,})"
         uR"(|github_pat_\w{12,}|glpat-[\w-]{12,}|xox[abeoprs]-[\w-]{10,}|npm_\w{16,}|hf_\w{16,}|ya29\.[\w-]{16,})"
-        uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|s%3A[\w%.-]{16,}|[rsp]k_(?:live|test|prod|demo)_\w{10,}|whsec_\w{12,})"
+        uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|s%3A[\w%.-]{16,}|[a-z]{0,2}k_(?:live|test|prod|demo)(?:_|\s(?=\w*\d))\w{10,}|whsec_\w{12,})"
         uR"(|eyJ[\w-]{6,}\s?\.\s?[\w-]{4,}(?:\s?\.\s?[\w-]{4,}(?:\s[\w-]{12,})?)?))",
         sensitive};
     /// Behind the initials of whose it is, as far as it was read well.
@@ -104,10 +106,11 @@ struct Expressions {
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
-        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your|pick-?up|collection|locker)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm|afhentnings|udleverings|pakke|hente|nøgle|boks)koden?|koden?|kontrolcifre))"
-        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|your|pick-?up|collection|locker)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm|afhentnings|udleverings|pakke|hente|nøgle|boks|bank|lås)koden?|koden?|kontrolcifre))"
+        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?:[ -]\d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
     RegularExpression codeToEnter{
-        uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};
+        uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"
+        uR"(|(?<!\p{L})(?:enter|use|type|press|indtast|brug|tast)\s(?:(?:the|code|koden?)\s){0,2}[#*]?(\d{4,6})\s?[#*]?\s(?:at|on|by|for|in|ved|på|i)\s(?:the\s)?(?:\p{L}{3,9}\s)?(?:gate|door|entrance|keypad|garage|lift|elevator|barrier|port\w{0,2}|dør\w{0,2}|låge\w{0,2})(?!\p{L}))"};
     RegularExpression door{
         uR"((?<!\p{L})(?:(?:door|gate|dør|port|alarm)(?:\s(?:is|er)\s|:\s|\s)[#*]|(?:door|gate|dør|port|alarm)(?:\s(?:is|er)|:)\s|(?:lock ?box|key ?(?:safe|box)|nøgleboks(?:en)?|keypad)(?:\s(?:is|er))?:?\s[#*]?)(\d{4,6})(?![\d.,:/-]))"};
     RegularExpression codeBefore{
@@ -294,7 +297,7 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         if (!hasDigit)
             break;
         for (const auto& match : expression->matches(line))
-            add(match.groups[0]);
+            add(*std::ranges::find_if(match.groups, [](TextRange group) { return group.location >= 0; }));
     }
     if (hasDigit) {
         for (const TextRange range : expressions.signsInWord.ranges(line))
@@ -340,7 +343,7 @@ std::vector<TextRange> CredentialFinder::find(QStringView line) const {
         add(match.groups[0].location >= 0 ? match.groups[0] : match.groups[1]);
     for (const RegularExpression* expression :
          {&expressions.assignment, &expressions.sentence, &expressions.withPassword, &expressions.codeOfThing,
-          &expressions.user})
+          &expressions.passwordOfThing, &expressions.user})
         addChosen(*expression, 0);
     if (hasDigit) {
         addChosen(expressions.torn, 1);

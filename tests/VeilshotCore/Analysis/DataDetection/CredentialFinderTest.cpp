@@ -31,7 +31,9 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
         {"Passphrase\t[green lantern river 27]", "[Plover-9-Beacon_21]", "[kT7#heather!Delta]",
          "shop/client-secret\t[WQEFhDyK407L~fYsTMpYnRYD0bj.X7V3]", "[wqk-c4w4c6-2capc3cvw2-avi9%ena]",
          "Midlertidig kode til VPN [Rk4-pq77-Lm]", "Key[heather-kettle-482] hangs", "[4-0-7-9]",
-         "Afhentningskode [620814]"});
+         "Afhentningskode [620814]", "Safe combination\t[14-32-08]", "First pet\t[Biscuit]",
+         "Adgangskode til wifi: [Solsikke99]", "Koden er [2-2-4-1]", "SSH passphrase\t[maple syrup on rye]",
+         "Use code [4471] at the gate", "maps = [mk_live 9fQz37LrTnOcXw2Bv]"});
 }
 
 TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
@@ -41,13 +43,26 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
          "apiKey: process.env.API_KEY2", "mapping = self.mapping3", "Screenshot_20250314-092251.png",
          "node_modules/@types/react-dom/18.2.7/index.d.ts", "x86_64-linux-gnu-gcc12-release",
          "KX-2290-71 BT-0017-88", "$ grep token ~/.netrc"});
-    expectNothingFound<CredentialFinder>(
-        {"Password\tChanged 2024", "secret = match2.groups[0];", "PIN code required", "2025-2026-2027",
-         "is_valid_username2", "activation codes high-quality", "Password\tTwo-factor authentication",
-         "Tokens\t512", "Password\tlast changed 3 months ago", "password reset - 2 hours",
-         "password is case-sensitive", "password changed! Please log in 2024", "trace-0316",
-         "Password\tlast changed day 12", "host-name-12", "Key features 12", "Code for order AB-C12",
-         "12-0-4"});
+    expectNothingFound<CredentialFinder>({"Password\tChanged 2024",
+                                          "secret = match2.groups[0];",
+                                          "PIN code required",
+                                          "2025-2026-2027",
+                                          "is_valid_username2",
+                                          "activation codes high-quality",
+                                          "Password\tTwo-factor authentication",
+                                          "Tokens\t512",
+                                          "Password\tlast changed 3 months ago",
+                                          "password reset - 2 hours",
+                                          "password is case-sensitive",
+                                          "password changed! Please log in 2024",
+                                          "trace-0316",
+                                          "Password\tlast changed day 12",
+                                          "host-name-12",
+                                          "Key features 12",
+                                          "Code for order AB-C12",
+                                          "12-0-4",
+                                          "Password\tclick to reveal it",
+                                          "Use code 4471 in the report"});
 }
 
 } // namespace
