@@ -59,7 +59,13 @@ TEST(PostalAddressFinder, FindsAddressesOfManyCountries) {
                                            "The Old Forge, Mill Lane",
                                            "12 Abbey Walk, Sligo F91 XY@5",
                                            "Calle Mayor 7, 3°B",
-                                           "Unit 6. Calder Mill, Hebden Bridge HX7 8AD"});
+                                           "Unit 6. Calder Mill, Hebden Bridge HX7 8AD",
+                                           "14 Rue des Lilas, 3e étage",
+                                           "Schulstr. 3a, 1. OG links",
+                                           "W4412 Bluemound Rd",
+                                           "Block 7, #12-345",
+                                           "10 Jalan Besar #05-12",
+                                           "Keizersgracht 401 hs"});
 }
 
 TEST(PostalAddressFinder, FindsAddressesWithoutTheirBlanks) {
