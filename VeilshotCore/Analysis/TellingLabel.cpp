@@ -144,7 +144,8 @@ std::optional<LabelledValue> LabelledValue::of(QStringView line) {
 
 bool isLabelOfName(const QString& text) {
     static const RegularExpression expression(
-        uR"(^(?:(?:first|last|given|family|full|maiden|middle)[ _]?names?|given|surname|(?:for|efter|mellem)navne?)[*:]?$)");
+        uR"(^(?:(?:first|last|given|family|full|maiden|middle|birth|former)(?: and middle)?[ _]?names?|given|surnames?)"
+        uR"(|(?:for|efter|mellem|pige|fulde )navne?)(?: ?\((?:e|s|family name|last name|first name)\)| at birth)?[*:]?$)");
     return text.size() <= longestLabel && expression.hasMatch(text);
 }
 

@@ -41,13 +41,64 @@ struct Weight {
 
 using FeatureWeights = std::array<Weight, labelCount>;
 
+/// The size that all features but the `kept` heaviest have at most.
+float boundOfHeaviest(std::vector<float> sizes, size_t kept) {
+    const auto last = sizes.begin() + static_cast<ptrdiff_t>(std::min(kept, sizes.size() - 1));
+    std::nth_element(sizes.begin(), last, sizes.end(), std::greater());
+    return *last;
+}
+
+/// What all runs learnt, added up, of each feature as differences to what it says for "outside".
+class Sums {
+public:
+    void addFeature(size_t feature, const FeatureWeights& weights) {
+        for (size_t label = 0; label < outside; ++label)
+            m_features[feature][label] += weights[label].value - weights[outside].value;
+    }
+
+    void addFollower(size_t earlier, size_t later, const Weight& weight) {
+        m_followers[earlier * labelCount + later] += weight.value;
+    }
+
+    NameModel meanOf(size_t runs, const LearningOptions& options) const {
+        std::vector<float> sizes;
+        sizes.reserve(m_features.size());
+        for (const auto& weights : m_features)
+            sizes.push_back(std::max(std::abs(weights[0]), std::abs(weights[1])));
+        const float largest = std::max(std::ranges::max(sizes), std::numeric_limits<float>::min());
+        const float bound = boundOfHeaviest(sizes, options.keptFeatures);
+        const auto roundsOfRun = static_cast<size_t>(std::max(1, options.rounds - options.roundsForAll));
+        NameModel model;
+        model.stepSize = largest / static_cast<float>(runs * roundsOfRun) / 127;
+        for (uint32_t feature = 0; feature < nameFeatureLimit; ++feature) {
+            if (sizes[feature] <= bound)
+                continue;
+            NameModel::Weights entry{feature, {}};
+            for (size_t label = 0; label < outside; ++label)
+                entry.steps[label] =
+                    static_cast<int8_t>(std::lrint(m_features[feature][label] / largest * 127));
+            if (entry.steps != decltype(entry.steps){})
+                model.weights.push_back(entry);
+        }
+        for (size_t at = 0; at < m_followers.size(); ++at)
+            model.followers[at] = m_followers[at] / static_cast<float>(runs);
+        for (size_t label = 0; label < outside; ++label)
+            model.labels[label] = static_cast<float>(options.bias);
+        return model;
+    }
+
+private:
+    std::vector<std::array<float, outside>> m_features =
+        std::vector<std::array<float, outside>>(nameFeatureLimit);
+    std::array<float, labelCount * labelCount> m_followers{};
+};
+
 class Learner {
 public:
-    Learner(std::vector<LabelledFeatures> lines, const LearningOptions& options)
-        : m_lines(std::move(lines)), m_options(options), m_features(nameFeatureLimit),
-          m_sums(nameFeatureLimit) {}
+    Learner(std::vector<LabelledFeatures> lines, const LearningOptions& options, unsigned seed)
+        : m_lines(std::move(lines)), m_options(options), m_random(seed), m_features(nameFeatureLimit) {}
 
-    NameModel learnt() {
+    void learn(Sums& sums) {
         dropFeaturesOfSingleLines();
         for (int round = 0; round < m_options.rounds; ++round) {
             if (round == m_options.roundsForAll)
@@ -59,9 +110,12 @@ public:
             std::cout << "round " << round + 1 << ": loss " << loss / static_cast<double>(m_lines.size())
                       << std::endl;
             if (round >= m_options.roundsForAll)
-                addToSums();
+                addFeatures(sums);
         }
-        return model();
+        for (size_t earlier = 0; earlier < labelCount; ++earlier) {
+            for (size_t later = 0; later < labelCount; ++later)
+                sums.addFollower(earlier, later, m_followers[earlier][later]);
+        }
     }
 
 private:
@@ -85,11 +139,7 @@ private:
             for (const Weight& weight : m_features[feature])
                 sizes[feature] = std::max(sizes[feature], std::abs(weight.value));
         }
-        std::vector<float> sorted = sizes;
-        const auto last =
-            sorted.begin() + static_cast<ptrdiff_t>(std::min(m_options.keptFeatures, sorted.size() - 1));
-        std::nth_element(sorted.begin(), last, sorted.end(), std::greater());
-        const float bound = *last;
+        const float bound = boundOfHeaviest(sizes, m_options.keptFeatures);
         keepFeatures([&](uint32_t feature) { return sizes[feature] > bound; });
         for (size_t feature = 0; feature < sizes.size(); ++feature) {
             if (sizes[feature] <= bound)
@@ -201,53 +251,28 @@ private:
         }
     }
 
-    /// The model is the mean of what the last rounds ended with, which is steadier than the last alone.
-    void addToSums() {
-        for (size_t feature = 0; feature < m_features.size(); ++feature) {
-            for (size_t label = 0; label < labelCount; ++label)
-                m_sums[feature][label] += m_features[feature][label].value;
-        }
-    }
-
-    NameModel model() const {
-        float largest = std::numeric_limits<float>::min();
-        for (const auto& weights : m_sums) {
-            for (size_t label = 0; label < outside; ++label)
-                largest = std::max(largest, std::abs(weights[label] - weights[outside]));
-        }
-        const auto means = static_cast<float>(std::max(1, m_options.rounds - m_options.roundsForAll));
-        NameModel model;
-        model.stepSize = largest / means / 127;
-        for (uint32_t feature = 0; feature < nameFeatureLimit; ++feature) {
-            NameModel::Weights entry{feature, {}};
-            for (size_t label = 0; label < outside; ++label) {
-                const float weight = m_sums[feature][label] - m_sums[feature][outside];
-                entry.steps[label] = static_cast<int8_t>(std::lrint(weight / largest * 127));
-            }
-            if (entry.steps != decltype(entry.steps){})
-                model.weights.push_back(entry);
-        }
-        for (size_t earlier = 0; earlier < labelCount; ++earlier) {
-            for (size_t later = 0; later < labelCount; ++later)
-                model.followers[earlier * labelCount + later] = m_followers[earlier][later].value;
-        }
-        for (size_t label = 0; label < outside; ++label)
-            model.labels[label] = static_cast<float>(m_options.bias);
-        return model;
+    /// What the last rounds ended with counts together, which is steadier than the last alone.
+    void addFeatures(Sums& sums) const {
+        for (size_t feature = 0; feature < m_features.size(); ++feature)
+            sums.addFeature(feature, m_features[feature]);
     }
 
     std::vector<LabelledFeatures> m_lines;
     LearningOptions m_options;
-    std::mt19937 m_random{1};
+    std::mt19937 m_random;
     std::vector<FeatureWeights> m_features;
     std::array<FeatureWeights, labelCount> m_followers{};
-    std::vector<std::array<float, labelCount>> m_sums;
 };
 
 } // namespace
 
-NameModel learntModel(std::vector<LabelledFeatures> lines, const LearningOptions& options) {
-    return Learner(std::move(lines), options).learnt();
+NameModel learntModel(const DrawLines& draw, size_t runs, const LearningOptions& options) {
+    Sums sums;
+    for (size_t run = 0; run < runs; ++run) {
+        std::cout << "run " << run + 1 << " of " << runs << std::endl;
+        Learner(draw(run), options, static_cast<unsigned>(run) + 1).learn(sums);
+    }
+    return sums.meanOf(runs, options);
 }
 
 } // namespace Veilshot

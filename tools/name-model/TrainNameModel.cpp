@@ -8,9 +8,7 @@
 #include "VeilshotCore/Analysis/NameTagging/ListNameTagger.h"
 
 #include <CLI/CLI.hpp>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QSaveFile>
 #include <algorithm>
 #include <iostream>
@@ -29,6 +27,8 @@ struct Options {
     double thinnedShare = 0.3;
     double droppedNames = 0.5;
     double droppedWords = 0.25;
+    /// One for each run: what is drawn with it. A model's few doubtful names hang on it.
+    std::vector<unsigned> seeds{1, 3, 4};
     LearningOptions learning;
 };
 
@@ -79,56 +79,41 @@ LabelledFeatures featuresOf(const LabelledLine& line, const NameLexicon& lexicon
     return features;
 }
 
-/// Folders stand for their files, except those kept for measuring.
-QStringList trainingFiles(const std::vector<std::string>& paths) {
-    QStringList files;
-    for (const std::string& name : paths) {
-        const QString path = QString::fromStdString(name);
-        if (!QFileInfo(path).isDir()) {
-            files.append(path);
-            continue;
-        }
-        for (const QFileInfo& entry : QDir(path).entryInfoList({u"*.jsonl"_s}, QDir::Files, QDir::Name)) {
-            if (!entry.baseName().endsWith(u"-dev"))
-                files.append(entry.filePath());
-        }
-    }
-    return files;
-}
-
-std::vector<LabelledFeatures> trainingLines(const Options& options) {
+/// The lines with what is drawn anew for each run: which are repeated with reading errors, and which are seen
+/// with thinned lists.
+std::vector<LabelledFeatures> drawnLines(const std::vector<LabelledLine>& all, const QByteArray& names,
+                                         const Options& options, unsigned seed) {
     std::vector<LabelledFeatures> lines;
-    ReadingNoise noise(1);
-    std::mt19937 random(2);
+    ReadingNoise noise(seed);
+    std::mt19937 random(seed + 1);
     std::bernoulli_distribution isRepeated(options.noiseShare);
     std::bernoulli_distribution isThinned(options.thinnedShare);
-    const QByteArray names = frontDecoded(contentOf(QString::fromStdString(options.lists)));
     const NameLexicon whole = lexiconOf(names);
     std::vector<NameLexicon> thinned;
-    for (const unsigned seed : {1u, 2u, 3u, 4u})
-        thinned.push_back(thinnedLexicon(names, options, seed));
+    for (const unsigned list : {1u, 2u, 3u, 4u})
+        thinned.push_back(thinnedLexicon(names, options, list));
     const auto lexicon = [&]() -> const NameLexicon& {
         return isThinned(random) ? thinned[random() % thinned.size()] : whole;
     };
-    for (const QString& file : trainingFiles(options.paths)) {
-        const std::string name = QFileInfo(file).baseName().toStdString();
-        const auto times = 1 + std::ranges::count(options.countedTwice, name);
-        const std::vector<LabelledLine> read = readLabelledLines(file);
-        std::cout << name << ": " << read.size() << " lines, counted " << times << " times" << std::endl;
-        for (const LabelledLine& line : read) {
-            for (auto time = times; time > 0; --time) {
-                lines.push_back(featuresOf(line, lexicon()));
-                if (isRepeated(random))
-                    lines.push_back(featuresOf(noise.applied(line), lexicon()));
-            }
-        }
+    for (const LabelledLine& line : all) {
+        lines.push_back(featuresOf(line, lexicon()));
+        if (isRepeated(random))
+            lines.push_back(featuresOf(noise.applied(line), lexicon()));
     }
     std::erase_if(lines, [](const LabelledFeatures& line) { return line.tokens.empty(); });
     return lines;
 }
 
 void train(const Options& options) {
-    const NameModel model = learntModel(trainingLines(options), options.learning);
+    std::vector<LabelledLine> lines;
+    for (const std::string& path : options.paths) {
+        const bool countsTwice = std::ranges::find(options.countedTwice, path) != options.countedTwice.end();
+        for (const LabelledLine& line : readLabelledLines(QString::fromStdString(path)))
+            lines.insert(lines.end(), countsTwice ? 2 : 1, line);
+    }
+    const QByteArray names = frontDecoded(contentOf(QString::fromStdString(options.lists)));
+    const auto draw = [&](size_t run) { return drawnLines(lines, names, options, options.seeds[run]); };
+    const NameModel model = learntModel(draw, options.seeds.size(), options.learning);
     const QByteArray bytes = model.toBytes();
     QSaveFile file(QString::fromStdString(options.output));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
@@ -144,15 +129,16 @@ int main(int argc, char** argv) {
     Veilshot::LearningOptions& learning = options.learning;
     CLI::App app("Learns the name tagger's model from labelled lines");
     app.option_defaults()->always_capture_default();
-    app.add_option("paths", options.paths, "Files of labelled lines, or folders of them")->required();
+    app.add_option("paths", options.paths, "Files of labelled lines")->required();
     app.add_option("--output", options.output, "The model file to write")->required();
     app.add_option("--lists", options.lists, "The narrow lists, as build-name-lexicon.py writes them")
         ->required();
-    app.add_option("--twice", options.countedTwice, "A file that counts twice, by its name without ending");
+    app.add_option("--twice", options.countedTwice, "Those of them that count twice");
     app.add_option("--noise", options.noiseShare, "Share of the lines repeated with reading errors");
     app.add_option("--thinned", options.thinnedShare, "Share of the lines seen with thinned lists");
     app.add_option("--dropped-names", options.droppedNames, "Share of the names the thinned lists lack");
     app.add_option("--dropped-words", options.droppedWords, "Share of the other words they lack");
+    app.add_option("--seeds", options.seeds, "One for each of the models that the one is the mean of");
     app.add_option("--rounds", learning.rounds);
     app.add_option("--rounds-for-all", learning.roundsForAll, "After these the features are weeded out");
     app.add_option("--features", learning.keptFeatures, "Number of features kept");

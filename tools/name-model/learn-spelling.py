@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Learns how names are spelt and how Danish words are: VeilshotCore/Analysis/NameTagging/Data/NameSpelling.bin.
 
-    tools/name-model/learn-spelling.py LISTS --scowl DIR --danish FILE
+    tools/name-model/learn-spelling.py CORPUS [--root DIR]
 
-LISTS and the Debian packages are those of tools/build-name-lexicon.py. The file is a table of signed bytes: what each
-group of two to five letters, found by its hash, speaks for a name, in steps of 1/32. NameSpelling.cpp hashes the same
-way. Logistic regression over a hundred thousand words drawn at random; the same input gives the
-same table. No word can be read from it.
+CORPUS, DIR and the Debian packages are those of tools/build-name-lexicon.py; it takes scowl and wdanish. The file is a
+table of signed bytes: what each group of two to five letters, found by its hash, speaks for a name, in steps of 1/32.
+NameSpelling.cpp hashes the same way. Logistic regression over a hundred thousand words drawn at random; the same input
+gives the same table. No word can be read from it.
 """
 import argparse
 import array
@@ -66,15 +66,15 @@ def share_of_names(table, words):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("lists", type=pathlib.Path)
-    parser.add_argument("--scowl", type=pathlib.Path, required=True)
-    parser.add_argument("--danish", type=pathlib.Path, required=True)
+    lexicon.add_sources(parser)
     arguments = parser.parse_args()
+    scowl, wdanish = (lexicon.from_package(package, arguments.root) for package in ("scowl", "wdanish"))
 
-    names = {key for file in ("first.tsv", "last.tsv") for line in lexicon.read_lines(arguments.lists / file)
+    names = {key for file in ("first.tsv", "last.tsv")
+             for line in lexicon.read_lines(arguments.corpus / "names" / file)
              for key in lexicon.keys(line.partition("\t")[0])}
-    english = {lexicon.fold(word) for word, _ in lexicon.scowl_words(arguments.scowl)}
-    danish = {lexicon.fold(word) for word in lexicon.read_lines(arguments.danish) if word.islower()}
+    english = {lexicon.fold(word) for word, _ in lexicon.scowl_words(scowl)}
+    danish = {lexicon.fold(word) for word in lexicon.read_lines(wdanish) if word.islower()}
     samples = sorted(name for name in names - english - danish if len(name) >= SHORTEST)
     words = sorted(word for word in danish - names - english if SHORTEST <= len(word) <= LONGEST_WORD)
     random.seed(1)

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Writes further lines to learn the name tagger from, made of labelled corpora and lists of names.
 
-    tools/name-model/write-lines.py CORPORA LISTS --scowl DIR --danish FILE --faker DIR --output FILE.jsonl
+    tools/name-model/write-lines.py CORPUS OUTPUT [--root DIR]
 
-CORPORA is the folder the model is learnt from, LISTS, --scowl, --danish and --faker are what build-name-lexicon.py
-reads. The same input gives the same lines. They add what the corpora lack:
+CORPUS, DIR and the Debian packages are those of tools/build-name-lexicon.py. The same input gives the same lines. They
+add what the corpora lack:
 
 - lines as a screen shows them: several sentences in one, begun and ended in the midst of a sentence or name;
 - names from all over the world, and names that are words, where the corpora have the few of their time;
@@ -24,6 +24,8 @@ SPEC = importlib.util.spec_from_file_location("lexicon", HERE.parent / "build-na
 LEXICON = importlib.util.module_from_spec(SPEC)
 SPEC.loader.exec_module(LEXICON)
 
+TIMES_OF_TEMPLATE = 28
+CELLS = 36000
 RUNNING_TEXT = ("ewt-train", "ddt-train", "wikigold", "btc-train")
 PARTICLES = {"van", "von", "de", "der", "den", "da", "di", "del", "della", "bin", "al", "la", "le", "du", "dos", "ní"}
 PREFIXES = ("van", "van der", "von", "de", "de la", "da", "dos", "di", "Di", "De", "Ó", "Ní", "Nic", "Mac", "ap", "bin",
@@ -131,23 +133,21 @@ class Names:
 class Decoys:
     """Draws what is written like a name and is none."""
 
-    def __init__(self, corpora, lists, words, people, rand):
+    def __init__(self, corpus, words, people, rand):
         """`words` by language; `people` are the names of the lists."""
         self.random = rand
         self.words = words
-        self.interface = sorted({word for line in LEXICON.read_lines(corpora / "ui-strings.jsonl")
-                                 for word in re.findall(r"[^\W\d_]{2,}", json.loads(line)["text"])})
+        self.interface = sorted({word for entry in LEXICON.running_text(corpus, "ui-strings")
+                                 for word in re.findall(r"[^\W\d_]{2,}", entry["text"])})
         self.places, self.organisations = set(), set()
         for file in RUNNING_TEXT:
-            for line in LEXICON.read_lines(corpora / f"{file}.jsonl"):
-                entry = json.loads(line)
+            for entry in LEXICON.running_text(corpus, file):
                 units = entry["text"].encode("utf-16-le")
                 for span in entry["spans"]:
                     text = units[2 * span["start"]:2 * (span["start"] + span["length"])].decode("utf-16-le")
                     if span["kind"] in ("place", "org") and len(text) > 2 and text[0].isupper() and len(text) < 30:
                         (self.places if span["kind"] == "place" else self.organisations).add(text)
-        towns = (lists / "danish-towns.txt").read_text(encoding="utf-8").split()
-        self.places = sorted(self.places | {town.title() for town in towns})
+        self.places = sorted(self.places | {town.title() for town in LEXICON.danish_towns(corpus)})
         self.organisations = sorted(self.organisations)
         self.people_places = [place for place in self.places if LEXICON.fold(place) in people]
 
@@ -277,9 +277,9 @@ def line_of(tokens):
     return line
 
 
-def running_lines(corpora, names, rand, firsts):
+def running_lines(corpus, names, rand, firsts):
     for file in RUNNING_TEXT:
-        entries = [json.loads(line) for line in LEXICON.read_lines(corpora / f"{file}.jsonl")]
+        entries = LEXICON.running_text(corpus, file)
         at = 0
         while at < len(entries):
             # Up to four sentences flow together and are broken into lines of one width.
@@ -369,13 +369,13 @@ MONTHS = {"en": "January February March April May June July August September Oct
           "da": "januar februar marts april maj juni juli august september oktober november december".split()}
 
 
-def template_lines(names, decoys, rand, times):
+def template_lines(names, decoys, rand):
     for path in sorted((HERE / "templates").glob("*.txt")):
         lang = path.stem
         templates = [line for line in LEXICON.read_lines(path) if line and not line.startswith("#")]
         by_lead = [line for line in templates if re.search(r"[.!?]$", line)]
         for template in templates:
-            for _ in range(times if FIELD.search(template) else 2):
+            for _ in range(TIMES_OF_TEMPLATE if FIELD.search(template) else 2):
                 line = template_line(template, lang, names, decoys, rand)
                 # Also behind or in front of another sentence, and cut off by the edge of its box.
                 if template in by_lead and rand.random() < 0.4:
@@ -386,9 +386,9 @@ def template_lines(names, decoys, rand, times):
                 yield line.entry("templates", lang)
 
 
-def cells(names, decoys, rand, count):
+def cells(names, decoys, rand):
     """Names and other things alone in a cell, some as the last name first or behind a number."""
-    for _ in range(count):
+    for _ in range(CELLS):
         line = Line()
         lang = rand.choice(("en", "da"))
         if rand.random() < 0.1:
@@ -411,32 +411,26 @@ def cells(names, decoys, rand, count):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("corpora", type=pathlib.Path)
-    parser.add_argument("lists", type=pathlib.Path)
-    parser.add_argument("--scowl", type=pathlib.Path, required=True)
-    parser.add_argument("--danish", type=pathlib.Path, required=True)
-    parser.add_argument("--faker", type=pathlib.Path, required=True)
-    parser.add_argument("--output", type=pathlib.Path, required=True)
-    parser.add_argument("--times", type=int, default=28, help="how often each template is filled in")
-    parser.add_argument("--cells", type=int, default=36000)
+    LEXICON.add_sources(parser)
+    parser.add_argument("output", type=pathlib.Path)
     arguments = parser.parse_args()
+    scowl, danish, faker = (LEXICON.from_package(package, arguments.root)
+                            for package in ("scowl", "wdanish", "python3-fake-factory"))
 
     rand = random.Random(1)
-    english = {word for word, band in LEXICON.scowl_words(arguments.scowl) if band != "x" and word.islower()}
-    words = {"en": sorted(english),
-             "da": [word for word in LEXICON.read_lines(arguments.danish) if word.islower()]}
+    english = {word for word, band in LEXICON.scowl_words(scowl) if band != "x" and word.islower()}
+    words = {"en": sorted(english), "da": [word for word in LEXICON.read_lines(danish) if word.islower()]}
     months = {month.lower() for of_language in MONTHS.values() for month in of_language}
-    names = Names(arguments.lists, arguments.faker, words, months, rand)
+    names = Names(arguments.corpus / "names", faker, words, months, rand)
     firsts = {LEXICON.fold(name) for of_country in names.first.values() for name in of_country}
     surnames = {LEXICON.fold(name) for of_country in names.last.values() for name in of_country}
-    decoys = Decoys(arguments.corpora, arguments.lists,
+    decoys = Decoys(arguments.corpus,
                     {lang: [word for word in of_language if 2 < len(word) < 15 and LEXICON.fold(word) not in firsts
                             and LEXICON.fold(word) not in surnames] for lang, of_language in words.items()},
                     firsts | surnames, rand)
     with arguments.output.open("w", encoding="utf-8") as output:
-        for entries in (running_lines(arguments.corpora, names, rand, firsts),
-                        template_lines(names, decoys, rand, arguments.times),
-                        cells(names, decoys, rand, arguments.cells)):
+        for entries in (running_lines(arguments.corpus, names, rand, firsts), template_lines(names, decoys, rand),
+                        cells(names, decoys, rand)):
             for entry in entries:
                 output.write(json.dumps(entry, ensure_ascii=False) + "\n")
 

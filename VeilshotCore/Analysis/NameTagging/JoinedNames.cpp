@@ -40,7 +40,8 @@ bool mayBeName(const NameLine& line, NameSpan span) {
     for (size_t at = span.first; at <= span.last; ++at) {
         const NameWord& word = line.word(at);
         const bool isFirstName =
-            word.is(WordTrait::strongFirstName) && !word.is(WordTrait::place | WordTrait::functionWord);
+            (word.is(WordTrait::strongFirstName) && !word.is(WordTrait::place | WordTrait::functionWord)) ||
+            (word.is(anyFirstName) && !word.is(anyMeaning & ~unusualMeaning));
         // "Bill Church" among other names.
         const bool isLastName = at == span.last && !span.isSingle() &&
                                 opening.is(WordTrait::strongFirstName) && word.is(WordTrait::strongLastName);
@@ -132,8 +133,11 @@ std::vector<TextRange> namesJoinedTo(const std::vector<TextRange>& names, const 
         size_t last = first;
         while (last + 1 < line.size() && line.word(last + 1).touches() && line.word(last + 1).isCapitalized())
             ++last;
-        const bool isFree =
-            first == 0 || !line.word(first).touches() || line.word(first - 1).isLower() || isLabel(first - 1);
+        // "Lunch Prudence & Olu".
+        if (first < last && !line.word(first).is(anyName) && line.word(first).is(anyMeaning))
+            first = last;
+        const bool isFree = first == last || first == 0 || !line.word(first).touches() ||
+                            line.word(first - 1).isLower() || isLabel(first - 1);
         if (isFree && !isFound(first) && !isFound(last) && mayBeName(line, {first, last})) {
             const bool isAfterLink = first > 1 && line.word(first - 1).isLink();
             const size_t behind = last + 1 + (line.word(last + 1).isLink() ? 1 : 0);

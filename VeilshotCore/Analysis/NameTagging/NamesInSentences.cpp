@@ -2,6 +2,7 @@
 
 #include "VeilshotCore/Analysis/NameTagging/NameLikeness.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Veilshot {
@@ -161,6 +162,20 @@ bool isAsked(const NameLine& line, size_t at) {
            (isNamed || isNameLike(word) || !word.is(anyMeaning & ~unusualMeaning));
 }
 
+/// "Grace from the front desk wrote".
+bool isFromSomewhere(const NameLine& line, size_t at) {
+    constexpr size_t reach = 7;
+    const NameWord& next = line.word(at + 1);
+    if (line.word(at).touches() || !isFirstNameLike(line.word(at)) || !next.touches() || !next.isLower() ||
+        !(next.folded == "from" || next.folded == "fra"))
+        return false;
+    for (size_t verb = at + 2; verb < std::min(at + reach, line.size()); ++verb) {
+        if (line.word(verb).isLower() && line.word(verb).is(WordTrait::personVerb))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 std::vector<TextRange> namesInSentences(const NameLexicon& lexicon, const NameLine& line) {
@@ -173,7 +188,7 @@ std::vector<TextRange> namesInSentences(const NameLexicon& lexicon, const NameLi
         } else if (isOwner(lexicon, line, at) || isAddressedOrExplained(line, at) || isSpeaking(line, at) ||
                    isIntroduced(line, at) || isGreetedAtTheEnd(line, at) || isNamedByRole(line, at) ||
                    isReachedByNumber(line, at) || isCalledAtTheEnd(line, at) || isRelative(line, at) ||
-                   isAsked(line, at)) {
+                   isAsked(line, at) || isFromSomewhere(line, at)) {
             names.push_back(line.word(at).range);
         }
     }

@@ -59,9 +59,13 @@ bool isCapitalInSentence(const NameLine& line, std::size_t at) {
     const bool isBehindText = at > 0 && (word.touches() || word.before == WordSeparator::comma) &&
                               line.word(at - 1).isLower() && !line.word(at - 1).isOneOf(articles);
     const bool isAddressed = next.before == WordSeparator::comma && next.isLower();
+    // "Lark authored 4 hours ago".
+    const bool acts = at == 0 && next.touches() && next.isLower() &&
+                      (next.is(WordTrait::personVerb) || next.folded.ends_with("ed"));
     const bool isBehindPlace =
         at > 0 && line.word(at - 1).is(WordTrait::locative) && word.is(WordTrait::place);
-    return (isBehindText || isAddressed) && !isBehindPlace && !(next.touches() && next.isCapitalized());
+    return (isBehindText || isAddressed || acts) && !isBehindPlace &&
+           !(next.touches() && next.isCapitalized());
 }
 
 /// Those of the words at the place that stand for nothing else there, with the initials in front of them.
@@ -76,8 +80,10 @@ std::vector<TextRange> namesInPlace(QStringView place, const std::vector<std::st
         std::size_t first = at;
         while (first > 0 && line.word(first).touches() && line.word(first - 1).isInitial())
             --first;
-        const bool isTold = !word.is(anyMeaning) || (line.size() == 1 && word.is(anyName)) || first < at ||
-                            isCapitalInSentence(line, at);
+        const bool isTold = !word.is(anyMeaning) ||
+                            (line.isFilledBy({at, at}) && word.is(anyName) &&
+                             (line.size() == 1 || !word.is(WordTrait::calendar))) ||
+                            first < at || isCapitalInSentence(line, at);
         if (!isRepeated || !isTold || line.opensOrganisation(at) ||
             isOtherThanName(word.range, place, tokens))
             continue;

@@ -105,11 +105,16 @@ bool goesOnInText(const QString& upper, const QString& lower) {
             }));
 }
 
-/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card.
-bool isTornName(const QString& upper, const QString& lower) {
+/// "Leaving drinks for Hyacinth", "Mbeki" on a narrow card, or one word below another as close as lines of a
+/// text.
+bool isTornName(const SegmentReading& upper, const SegmentReading& lower) {
+    constexpr double widestGap = 0.6; // in heights
     static const RegularExpression begun(uR"((?:(?<!\S)\p{Ll}+|\p{L}:) \p{Lu}\p{Ll}{2,}$)", sensitive);
     static const RegularExpression rest(uR"(^\p{Lu}\p{Ll}[\p{L}-]+$)", sensitive);
-    return begun.hasMatch(upper) && rest.hasMatch(lower);
+    const int height = std::max(upper.box.height(), lower.box.height());
+    const bool isClose = lower.box.top() - upper.box.bottom() <= widestGap * height;
+    return rest.hasMatch(lower.text) &&
+           (begun.hasMatch(upper.text) || (isClose && rest.hasMatch(upper.text)));
 }
 
 /// Whether a mail or web address is torn by the end of the row, behind one of its signs, or a key behind its
@@ -190,7 +195,7 @@ bool isProse(const SegmentReading& reading) {
 bool isWrapped(const SegmentReading& upper, const SegmentReading& lower) {
     static const RegularExpression time(uR"(^\[?\d+[:./-]\d)");
     return (isProse(upper) && !time.hasMatch(lower.text)) || goesOnInText(upper.text, lower.text) ||
-           isTornName(upper.text, lower.text);
+           isTornName(upper, lower);
 }
 
 void appendColumnOfDetails(std::vector<RecognizedLine>& lines, const std::vector<SegmentReading>& readings,
@@ -226,6 +231,7 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
     const bool isPerson = isLabelOfPerson(label.text);
     if (!isPerson && !labels.isOfDetail(labelIndex))
         return;
+    const bool isCertain = !isPerson || isLabelOfName(label.text);
     const auto append = [&](std::size_t index) {
         const SegmentReading& value = readings[index];
         if (isPerson ? mayBeName(value.text) : labels.mayBeValue(value, index))
@@ -249,10 +255,10 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
             append(index);
             isAlone = false;
         }
-        if ((isPerson ? isBeside(label, value) : isFarBeside(label, value)) &&
+        if ((isCertain ? isFarBeside(label, value) : isBeside(label, value)) &&
             (!beside || value.box.left() < readings[*beside].box.left()))
             beside = index;
-        if (!isPerson && isInFieldBelow(label, value) &&
+        if (isCertain && isInFieldBelow(label, value) &&
             (!field || value.box.top() < readings[*field].box.top()))
             field = index;
     }

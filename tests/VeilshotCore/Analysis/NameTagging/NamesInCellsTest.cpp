@@ -32,7 +32,7 @@ TEST(NamesInCells, AreToldByTheLabelOrTheCompanyOfACell) {
          {u"Ove Juul"_s, u"Zbigniew topatka"_s, u"Ida"_s}},
         {{u"Owner"_s, u"Mark Complete"_s}, {}},
         {{u"Next of kin"_s, u"Clemency Rook"_s}, {u"Clemency Rook"_s}},
-        {{u"Surname"_s, u"TREBARWITH-OBUZOR"_s}, {u"TREBARWITH-OBUZOR"_s}},
+        {{u"Surname (family name)"_s, u"TREBARWITH-OBUZOR"_s}, {u"TREBARWITH-OBUZOR"_s}},
         {{u"First name"_s, u"Description"_s}, {}}, // a header and the next
         {{QString(), u"Ove Juul"_s, u"Ida"_s}, {u"Ove Juul"_s, u"Ida"_s}},
         {{u"Guests"_s, u"Ove Juul"_s, u"Yes"_s, u"Xiomara Peña"_s}, {u"Ove Juul"_s, u"Xiomara Peña"_s}},

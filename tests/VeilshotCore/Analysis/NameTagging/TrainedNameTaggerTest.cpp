@@ -73,7 +73,8 @@ TEST(NamesInALine, AreFoundInSectionsAndByTheirForm) {
                  u"where surname = '[Aust]' or full_name <> \"[Ai Bo]\""_s, u"hostname = 'Aust'"_s,
                  u"Any time, [Obinze]."_s, u"Any questions, Norway."_s, u"her daughter [Clemency] by phone"_s,
                  u"Ask [Hyacinth] or the desk"_s, u"ask for [Bell] at the desk"_s,
-                 u"Tell Customers about it"_s});
+                 u"Tell Customers about it"_s, u"Lunch [Prudence] & [Olu]"_s,
+                 u"[Grace] from the front desk wrote: yes"_s, u"Mark from scratch what is wrong"_s});
 }
 
 TEST(NamesInALine, AreToldFromOtherThings) {
@@ -117,6 +118,7 @@ TEST(NamesInALine, AreFoundWhereTheirWordsAreRepeated) {
                  u"Fasheun Masonry Ltd\t\uE000\tday Fasheun. When"_s,
                  u"Obinze Fasheun\t\uE000\tFasheun Masonry Ltd"_s,
                  u"William Church\t\uE000\tthe Church is open"_s, u"William Church\t\uE000\t[Church]"_s,
+                 u"Lark Auclair\t\uE000\t[Lark] authored 4"_s, u"Olu Fasheun\t\uE000\t[Olu]) 20f3"_s,
                  u"Hi Tam, bring photo\t\uE000\t[Tam]"_s, u"Hi all, bring photo\t\uE000\tPhoto"_s,
                  u"William Church\t\uE000\task for [Church] or\t\uE000\tRight. [Church], can you"_s,
                  u"William Church\t\uE000\tstamped “[W. CHURCH] 1938”"_s});

@@ -30,6 +30,9 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
     EXPECT_EQ(labelled(below), Texts{"Born\t4 July 1961"});
     EXPECT_EQ(labelled({500, 30, 90, 12}), Texts{});
     EXPECT_EQ(labelled({26, 44, 90, 12}), Texts{"Born\t4 July 1961"}); // in a frame
+    const QRect framed(26, 44, 90, 12);
+    EXPECT_EQ(linesWith({evenReading(u"Surname"_s, first), evenReading(u"Cichy"_s, framed)}, framed),
+              Texts{"Surname\tCichy"});
     for (const QString& label :
          {u"Passport"_s, u"Guest’s licence / ID no. (optional)"_s, u"birth_date"_s, u"Wi-Fi password"_s,
           u"Home address"_s, u"Postnr. og by *"_s, u"shop/db-password"_s, u"26 Number of identity card"_s})
@@ -38,11 +41,11 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
     for (const QString& label :
          {u"Member"_s, u"Order no."_s, u"E-mail address"_s, u"Posted by"_s, u"ID"_s, u"12 Home address"_s})
         EXPECT_EQ(linesWith({evenReading(label, first), evenReading(u"X 9"_s, beside)}, beside), Texts{});
-    const QRect row(150, 30, 90, 12);
+    const QRect nextRow(150, 30, 90, 12);
     EXPECT_EQ(linesWith({evenReading(u"Recovery phrase"_s, first),
                          evenReading(u"ember lotus crane vivid"_s, beside),
-                         evenReading(u"saddle march noodle prism"_s, row)},
-                        row),
+                         evenReading(u"saddle march noodle prism"_s, nextRow)},
+                        nextRow),
               Texts{"Recovery phrase\tsaddle march noodle prism"});
     // A town and a house number count among other labels of addresses only.
     const auto inForm = [&](const QString& street) {
