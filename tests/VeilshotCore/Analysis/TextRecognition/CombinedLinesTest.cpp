@@ -104,7 +104,7 @@ TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
                          evenReading(u"Burlington, VT 05470"_s, town)},
                         town),
               Texts{"7427 Vista del Sol, Burlington, VT 05470"});
-    EXPECT_EQ(linesWith({evenReading(u"210 Lower Marsh"_s, street), evenReading(u"Stoke-on-Trent"_s, town),
+    EXPECT_EQ(linesWith({evenReading(u"210 Lower Marsh,"_s, street), evenReading(u"Stoke-on-Trent"_s, town),
                          evenReading(u"ST4 3ZQ"_s, postcode)},
                         street),
               Texts{"210 Lower Marsh, Stoke-on-Trent, ST4 3ZQ"});
