@@ -19,7 +19,7 @@ const QString birth =
 
 /// Papers and numbers of which the word alone says whose they are. Not a bare "ID", which everything has.
 const QString document =
-    uR"(passport|pas|reisepass|(?:identity |travel )?document|driv\w{1,6}['’]?s?[- ]licen[cs]e|licen[cs]e|k[øo]rekort|(?:national |personal )?id(?:entity)?[- ]?(?:card|kort))"
+    uR"((?:number of (?:the )?)?(?:passport|identity card|travel document)|pas|reisepass|(?:identity |travel )?document|driv\w{1,6}['’]?s?[- ]licen[cs]e|licen[cs]e|k[øo]rekort|(?:national |personal )?id(?:entity)?[- ]?(?:card|kort))"
     uR"(|(?:national|personal) (?:id(?:entity)?|insurance|registration)|residen(?:ce|t) (?:permit|card)|opholds(?:kort|tilladelse)|work permit)"
     uR"(|green card|social (?:security|insurance)|health card|sundhedskort|sygesikring\w{0,6}|medicare|s\.?s\.?n|itin|nino|a-number|uscis|tfn|crn|ucas)"
     uR"(|ppsn?|nhs|nric|hkid|aadhaar|cpf|curp|dni|nie|pesel|bsn|ahv|hetu|bvn|codice fiscale|personalausweis|steuer-?id|cpr)"
@@ -39,14 +39,15 @@ const QString branch = uR"(reg(?:istrerings)?[. -]{0,2}(?:nr|nummer|no)?\.?|sort
 
 const QString secret =
     uR"(pass(?:word|code|phrase|wd)?s?|pwd|secrets?|secret (?:key|word)s?|(?:security|secret|memorable) (?:answer|word|place|date)|sikkerhedssvar|(?:\w{2,10} )?tokens?|(?:pin|puk|otp|cvv2?|cvc2?)(?:[- ]?(?:codes?|koder?))?|psk)"
-    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre-?shared|network|security|wi-?fi|wlan|wpa[23]?|master|setup|manual|authenticator)[ -](?:key|phrase|voucher|code)s?)"
+    uR"(|(?:api|access|licen[cs]e|product|activation|recovery|private|signing|encryption|pre[- ]?shared|network|security|wi-?fi|wlan|wpa[23]?|master|setup|manual|authenticator)[ -](?:key|phrase|voucher|code)s?)"
     uR"(|(?:security|access|door|gate|entry|alarm|lock ?box|key ?safe|verification|log-?in|sign-?in|one-time|backup|recovery|reset|authentication)"
-    uR"(|confirmation|unlock|2fa|mfa|safe|key ?box)[ -](?:pin[ -])?(?:code|password|passcode)s?|(?:seed|recovery|backup|secret) (?:phrase|words))"
-    uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|d[øo]r|port|alarm|gendannelses|backup|nød|bekræftelses|låge|wifi-)(?:koder?|nøgler?))"
-    uR"(|kontrolcifre|\p{L}{0,12}n[øo]gler?)"_s;
+    uR"(|confirmation|unlock|2fa|mfa|safe|key ?box|pick-?up|collection|locker)[ -](?:pin[ -])?(?:code|password|passcode)s?|(?:seed|recovery|backup|secret) (?:phrase|words))"
+    uR"(|(?:midlertidig )?(?:kodeord|adgangskoder?)|pinkoder?|(?:engangs|sikkerheds|d[øo]r|port|alarm|gendannelses|backup|nød|bekræftelses|låge|afhentnings|udleverings|hente|boks|bank|lås|start|gæste|mitid-?|wifi[- ])(?:koder?|nøgler?))"
+    uR"(|kontrolcifre|\p{L}{0,12}n[øo]gler?|(?:\w{2,10} )?combination|(?:bike|suitcase|gym) lock|padlock|key ?(?:safe|box)|lock ?box|nøgleboks(?:[ -]?koden?)?)"
+    uR"(|join code|security question answer|mother['’]?s maiden name|(?:your )?first (?:pet|school)|mors pigenavn)"_s;
 
 const QString address =
-    uR"((?:(?:street|home|postal|mailing|delivery|shipping|billing|residential|permanent|current|visiting|residence) ?)?address(?:es)?(?:[ -]?line)?(?: ?[1-4])?)"
+    uR"((?:(?:street|home|postal|mailing|delivery|shipping|billing|residential|permanent|current|visiting|residence|previous|former|old|new) ?)?address(?:es)?(?:[ -]?line)?(?: ?[1-4])?)"
     uR"(|street(?: ?(?:name|number|no|line))?(?: ?[1-4])?|(?:house|building) name|p\.?o\.? ?box|(?:(?:leverings|faktura|hjemme|privat|post|folkeregister|bopæls|fragt)?adresser?(?:linje)?)(?: ?[1-4])?|bop(?:æ|ae?|e)l)"
     uR"(|(?:gade|vej)(?:navn)?|stra(?:ß|ss)e|rue|calle|via)"_s;
 const QString town =
@@ -61,13 +62,25 @@ const QString postcode =
 /// LabelTopic, in their order.
 RegularExpression makeLabelOfDetail() {
     const QString ofWhom = uR"((?:[\p{L}’'.-]{1,20} ){0,2}?)"_s;
-    const QString ofWhat = u"(?:(?:billing|shipping|delivery|home|leverings|faktura)[ -]?)?"_s;
+    const QString ofWhat =
+        uR"((?:(?:billing|shipping|delivery|home|leverings|faktura|tidl(?:igere|\.)|nuværende|ny)[ -]?)?)"_s;
     return RegularExpression(
         u"^(?:("_s + birth + u")|"_s + ofWhom + u"("_s + document + u"|(?:"_s + owner + u")['’]?s?(?="_s +
         numberWord + u"))(?:"_s + numberWord + u")?|("_s + branch + u")|"_s + ofWhom + u"("_s + secret +
         u")|"_s + ofWhat + u"(?:("_s + address + u")|("_s + town + u")|("_s + postcode + u")|("_s + state +
         u")|("_s + houseNumber +
-        uR"()))[.:* ]{0,3}(?:\(?(?:optional|required|valgfri\w?t?)\)?|\([^()]{1,20}\))?[*: ]{0,2}$)"_s);
+        uR"()))(?: of (?:the )?(?:spouse|host|child|applicant|holder|parent|guardian|partner|tenant|insured))?[.:* ]{0,3}(?:\(?(?:optional|required|valgfri\w?t?)\)?|\([^()]{1,20}\))?[*: ]{0,2}$)"_s);
+}
+
+/// Of the name of a variable or a path, which is one word: "db-password", "apiKey".
+QString withBlanks(QStringView word) {
+    QString text;
+    for (const QChar sign : word) {
+        if (sign.isUpper() && !text.isEmpty() && text.back().isLower())
+            text += u' ';
+        text += u".-"_s.contains(sign) ? u' ' : sign;
+    }
+    return text;
 }
 
 const RegularExpression& labelOfDetail() {
@@ -81,13 +94,23 @@ std::optional<LabelTopic> topicOfLabel(QStringView text) {
     if (text.size() > longestLabelOfDetail || text.contains(u'\t'))
         return std::nullopt;
     static const RegularExpression separator(uR"(\s?[/&]\s?|,\s(?=\p{Ll})|\s(?:or|and|eller|og)\s)");
-    const QString spaced = text.toString().replace(u'_', u' ');
+    QString spaced = text.toString().replace(u'_', u' ');
+    static const RegularExpression numberInForm(uR"(^\d{1,2}[a-z]?[.)]?\s(?=\p{Lu}\p{Ll}))",
+                                                RegularExpression::CaseSensitivity::sensitive);
+    const auto number = numberInForm.firstMatch(spaced);
+    if (number)
+        spaced.remove(0, number->range.length);
     qsizetype start = 0;
     const auto topic = [&](qsizetype end) -> std::optional<LabelTopic> {
-        const auto match = labelOfDetail().firstMatch(QStringView(spaced).sliced(start, end - start));
+        const QStringView part = QStringView(spaced).sliced(start, end - start);
+        auto match = labelOfDetail().firstMatch(part);
+        if (!match && !part.contains(u' '))
+            match = labelOfDetail().firstMatch(withBlanks(part));
         for (std::size_t group = 0; match && group < match->groups.size(); ++group) {
-            if (match->groups[group].location >= 0)
-                return static_cast<LabelTopic>(group);
+            const auto found = static_cast<LabelTopic>(group);
+            // The next label of the form looks like a street and its number.
+            if (match->groups[group].location >= 0 && (!number || found <= LabelTopic::secret))
+                return found;
         }
         return std::nullopt;
     };

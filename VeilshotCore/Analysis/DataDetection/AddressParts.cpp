@@ -32,7 +32,7 @@ QString beforeNumber() {
 
 QString houseNumber() {
     return beforeNumber() +
-           uR"((?!\d{3}-\d{4}\b)(?:(?:(?:Unit|Flat|Apt|Shop|Lot)\s)?\d{1,3}/(?=\d{1,4}\s))?\d{1,6}(?:-\d{1,4})?[A-Za-c]?(?:\s1/[234])?)"_s;
+           uR"((?:B[lIi1]k\.?\s(?=\d)|(?:[NSEW]\d{1,2})?[NSEW](?=\d{4,5}\s))?(?!\d{3}-\d{4}\b)(?:(?:(?:Unit|Flat|Apt|Shop|Lot)\s)?\d{1,3}/(?=\d{1,4}\s))?\d{1,6}(?:-\d{1,4})?[A-Za-c]?(?:\s1/[234])?)"_s;
 }
 
 QString compass() {
@@ -41,13 +41,15 @@ QString compass() {
 
 QString unit() {
     return uR"((?:(?:Apt|Apartment|Unit|Suite|Ste|Floor|Fl|Bldg|Building|Flat|Room|Rm|Lot|RR|Boks|Box|APT|UNIT|SUITE|STE)\b)"
-           uR"(\.?\s?#?\s?\w{1,5}|(?<!\w)(?i:depto|dpto|apto|piso|planta|puerta|interior|bus|bte|bo[iî]te|lok|kv|daire|kat|D|lgh|wohnung|whg|top|em|ajtó)\.?:?\s?\d{1,4}[A-Z]?(?!\w)|(?<!\w)(?:bl|sc|ap|et|kv|korp|of|esc|pta)\.\s?\w{1,4}\b|\d{1,2}/F\b|#\d{2}-\d{2,4}\b|#\s?\w{1,5}|\d{1,3}(?:st|nd|rd|th)\s(?:Floor|Fl)\b))"_s;
+           uR"(\.?\s?#?\s?\w{1,5}|(?<!\w)(?i:depto|dpto|apto|piso|planta|puerta|interior|bus|bte|bo[iî]te|lok|kv|daire|kat|D|lgh|wohnung|whg|top|em|ajtó)\.?:?\s?\d{1,4}[A-Z]?(?!\w)|(?<!\w)(?:bl|sc|app?|int|et|kv|korp|of|esc|pta|[Ii]nt)\.\s?\w{1,4}\b|\d{1,2}/F\b|#\d{2}[-‑]\d{2,4}\b|#\s?\w{1,5}|\d{1,3}(?:st|nd|rd|th)\s(?:Floor|Fl)\b))"_s;
 }
 
 QString floor() {
-    return uR"((?:(?:st|kl|\d{1,2})\s?\.?\s?(?:sal)?\s?,?\s?(?:tv|th|mf|dør\s?\d+|lejl\.?\s?\d+)\b\.?)"
+    return uR"((?:(?:st|kld?|\d{1,2})\s?\.?\s?(?:sal)?\s?,?\s?(?:tv|th|mf|dør\s?\d+|lejl\.?\s?\d+)\b\.?)"
            uR"(|(?:st|kl|kld|\d{1,2})\.(?:\s?sal)?(?=\s*(?:,|$))|kælder(?:en)?\b|\d{1,2}\.?\s+sal\b|(?:lejl|lgh|dør)\.?\s?\d{1,4}\b|(?:bag|for|side|mellem)hus(?:et)?\b)"
-           uR"(|\d{1,2}\.?\s?[ºª°](?!\s?[CF]\b)(?:\s(?:Esq|Dto|Dir|Izq|Dcha|[A-D])\b\.?)?)"
+           uR"(|\d{1,2}\.?\s?[ºª°](?!\s?[CF]\b)(?:\s?(?:Esq|Dto|Dir|Izq|Dcha|[A-D])\b\.?)?)"
+           uR"(|\d{1,2}(?:er|e|[eè]me)\s[ée]t(?:age|\.)|\d{1,2}\.\s?(?:OG|Stock|Etage)\b(?:\s(?:links|rechts|mitte))?|(?:Hinter|Vorder)haus\b)"
+           uR"(|(?:scala|interno)\s\w{1,3}\b)"
            uR"(|\d{1,2}\.?["”'’*]\s?(?:Esq|Dto|Dir|Izq|Dcha)\b\.?)"_s +
            u')';
 }
@@ -77,7 +79,7 @@ QString britishPostcode() {
 }
 
 QString irishPostcode() {
-    return uR"([AC-FHKNPRTV-Y]\d[\dW]\s(?=[A-Z\d]{0,3}\d)[AC-FHKNPRTV-Y\d]{4}\b)"_s;
+    return uR"([AC-FHKNPRTV-Y]\d[\dW]\s(?=[A-Z\d]{0,3}[\d@])[AC-FHKNPRTV-Y\d@]{4}(?!\w))"_s;
 }
 
 QString australianPostcode() {

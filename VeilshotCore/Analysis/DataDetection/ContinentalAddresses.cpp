@@ -32,7 +32,7 @@ QString frenchAddress() {
 
 QString streetBehindItsType() {
     return beforeName() +
-           uR"((?:Calle|C/|Str\.|[Vv]ul\.|Soi|Carrera|Cra\.|Cl\.|Jirón|Jr\.|Ronda|Corso|Largo|Vicolo|Strada|Bulevardul|Calea|Estrada|Rodovia|R\.|Trg|Ulica|Bulevar|Rruga|Odos|Jalan|Jl\.|Jln\.?|Lorong|Persiaran|Thanon|Đường|Phố|Rehov|Sderot|Náměstí|[Nn]ám\.|Rue|Quai|Chemin|Impasse|Steenweg|Chaussée|Avenue|Boulevard|Alameda|Plaza(?!\s+(?:Suite|Unit|Floor|Level|Room|Apt)\b)|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via(?!\s+(?:e-?mail|Mail|SMS|App|API|Web|Phone|Zoom|Teams|Slack|Chat|Port|Link|USB|WiFi|Email|E-[Mm]ail)\b)|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
+           uR"((?:Calle|C/|Str\.|B-?dul\.?|Bd\.|[Vv]ul\.|Soi|Carrera|Cra\.|Cl\.|Jirón|Jr\.|Ronda|Corso|Largo|Vicolo|Strada|Bulevardul|Calea|Estrada|Rodovia|R\.|Trg|Ulica|Bulevar|Rruga|Odos|Jalan|Jl\.|Jln\.?|Lorong|Persiaran|Thanon|Đường|Phố|Rehov|Sderot|Náměstí|[Nn]ám\.|Rue|Quai|Chemin|Impasse|Steenweg|Chaussée|Avenue|Boulevard|Alameda|Plaza(?!\s+(?:Suite|Unit|Floor|Level|Room|Apt)\b)|Carrer|Travessa|Av\.|Avenida|Avda\.|Paseo|Camino|Via(?!\s+(?:e-?mail|Mail|SMS|App|API|Web|Phone|Zoom|Teams|Slack|Chat|Port|Link|USB|WiFi|Email|E-[Mm]ail)\b)|Viale|Piazza|Rua|Praça|[Uu]l\.|[Aa]l\.)\s+)"
            uR"((?:(?:du|des|\d{1,2} de|de|dei|del|dels|della|delle|degli|di|da|das|do|dos|la|las|los|el)\s+){0,2})"_s +
            name() + uR"((?:\s+)"_s + name() +
            uR"(){0,2},?\s+(?:(?:[Nn][º°.]|[Nn][or]\.?:?|[Nn]úm\.|#|d\.)\s?)?\d{1,5}(?:\s?(?!m\.)[A-Za-z]\b|[/-]\d{1,4})?(?:\s?m\.\s?\d{1,4})?(?![\w%]|[.,]\d))"_s;
@@ -74,17 +74,22 @@ QString plot() {
         {uR"((?<![\w-])(?:Plot|Blk|Block|H(?:ouse|\.)?\s?No\.?|Flat\s?No\.?|Door\s?No\.?)\s?#?\s?(?:\d{1,4}[A-Z]?(?:[/-]\d{1,4}[A-Z]?){0,2}|[A-Z]\d{0,3}),?\s+(?:(?:Block|Road|Zone|Phase|Sector)\s\w{1,4},\s*)?)"_s +
              words + uR"(,\s*)"_s + words,
          uR"((?<![\w-])\d{1,3}(?:/\d{1,3})?\s(?:Moo|M\.)\s?\d{1,2}(?!\w))"_s,
+         uR"((?<![\w-])(?:B[lIi1]k|Block)\s\d{1,4}[A-Z]?,?\s#\d{2}[-‑]\d{2,4}(?!\w)|(?<![\w-])\p{Lu}\p{Ll}{3,20}\sSoi\s\d{1,3}(?!\w))"_s,
+         beforeNumber() + uR"((?:No\.?\s)?\d{1,4}[A-Z]?,?\s(?:Jalan|J[Ll]n?\.?|Lorong|Persiaran)\s)"_s +
+             name() + uR"((?:\s\p{Lu}\p{Ll}{2,20}){0,2}(?:/\d{1,3})?)"_s,
          uR"((?<![\w-])(?:Cra|Cl|Calle|Carrera|Diag|Transv|Av|Avenida)\.?\s\d{1,3}[A-Z]?\s?(?:#|[Nn]o\.?)\s?\d{1,3}[A-Z]?\s?-\s?\d{1,3}(?!\w))"_s,
          uR"((?<![\w-])Sector[\s-]\d{1,3}[A-Z]?,\s*)"_s + words,
          houseNumber() +
              uR"((?:/\d{1,4})?,\s*\d{1,2}(?:st|nd|rd|th)\s(?:Cross|Main|Block|Avenue|Street)\b)"_s});
 }
 
-// Korea: "Mangwon-ro 84, Mapo-gu, Seoul 04016"
+// Korea: "Mangwon-ro 84, Mapo-gu, Seoul 04016", "27 Mangwon-ro 4-gil"
 
 QString koreanStreet() {
+    const QString road = uR"(\p{Lu}\p{Ll}{2,20}-(?:daero|ro|gil)(?:\s\d{1,3}-gil)?)"_s;
     return beforeName() +
-           uR"(\p{Lu}\p{Ll}{2,20}-(?:daero|ro|gil)(?:\s\d{1,3}-gil)?\s\d{1,4}(?:-\d{1,3})?(?![\w%]|[.,]\d))"_s +
+           anyOf({road + uR"(\s\d{1,4}(?:-\d{1,3})?(?![\w%-]|[.,]\d))"_s,
+                  beforeNumber() + uR"(\d{1,4}(?:-\d{1,3})?,?\s)"_s + road + uR"((?![\w-]))"_s}) +
            optional(uR"(\s\d{1,3}-gil)"_s) + optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}-(?:gu|si|gun|dong))"_s) +
            optional(uR"(,\s*\p{Lu}\p{Ll}{2,20}\s\d{5}(?!\d))"_s);
 }
@@ -99,7 +104,7 @@ const QString streetEnding =
     u"mose|kær|eng)led|haven"
     u"|parken|vangen|ringen|esplanaden|boulevard(?:en)?|buen|kæret|højen|skoven|strandpark|brinken|banken"
     u"|kanten|kilden|passagen|promenaden|volden|gatan|vägen|gränd(?:en)?|gärdet|torget|veien|gata|stra[ßbB]e"
-    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|stígur|stigur|braut|singel|dijk|chaussee|stigen|backen|haugen|vegen|polku|kuja|(?<=[a-zäö]{3}n)tie"_s;
+    u"|strasse|str\\.|weg|platz|gasse|damm|ufer|allee|straat|laan|gracht|plein|kade|katu|sgate|holmene?|bryggen?|kanalen|pynten|mosen|heden|lyngen|åsen|højene|agrene|bakkerne|haverne|engene|vegur|gøta|stígur|stigur|braut|singel|dijk|chaussee|stigen|backen|haugen|vegen|polku|kuja|(?<=[a-zäö]{3}n)tie"_s;
 /// Not after one or two letters: Palle and Kalle are people.
 const QString avenueEnding = uR"((?<=[\w'’.\-]{3})all[eé]e?n?)"_s;
 const QString streetWord =
@@ -111,7 +116,7 @@ const QString wholeStreet =
     u"|Vesterled|Nyhavn|Trianglen)"_s;
 /// No count, time, share or sum.
 const QString nordicNumber =
-    uR"(\d{1,3}(?:(?:/\d{1,3}){1,2}|\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?)?)"
+    uR"(\d{1,3}(?:(?:/\d{1,3}){1,2}|\s?[A-Za-zÆØÅ](?:\s\d{1,3})?(?![\w.]))?(?:\s?[-–]\s?\d{1,3}\s?[A-Z]?|-I{1,3}\b|\shs\b)?)"
     uR"((?![\w%°]|[.,:]\d|\s?(?:kr\b|DKK|km\b|m\b|%|GB|MB|år\b|stk)))"_s;
 /// Labels are no part of a street's name, and a month with its day is none.
 const QString notOtherWords =

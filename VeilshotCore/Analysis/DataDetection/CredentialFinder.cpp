@@ -29,15 +29,16 @@ const QString hyphenatedCode = uR"([a-z\d]{4,8}(?:-[a-z\d]{3,8}){1,5}(?![\w-]))"
 struct Expressions {
     /// In a cell beside their label: numbers that open something, codes in groups and words for which
     /// somebody thought of a digit, all of which may be torn by a blank.
-    RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?: \d){3,7}$)"};
+    RegularExpression numberInCell{uR"(^[\d*#]{3,12}$|^\d{2,4}(?:[ -]\d{2,4}){1,3}$|^\d(?:[ -]\d){2,7}$)"};
     RegularExpression codesInCell{uR"(^(?:(?=\w*\d)[a-z\d]{3,10}[ ,-]{1,2}){1,9}(?=\w*\d)[a-z\d]{3,10}$)"};
-    RegularExpression answer{u"(?:answer|memorable|svar)"};
+    RegularExpression answer{u"(?:answer|memorable|svar|maiden|pigenavn|first )"};
     RegularExpression method{
         uR"(^(?:WPA[23]?|WEP|AES|RSA|SHA|(?:ssh-)?(?:ed25519|rsa|ecdsa))(?:[ -]?[A-Z\d]{1,5})?$)"};
     RegularExpression countable{u"token|passwords|secrets"};
-    RegularExpression wordAndNumber{uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$)"};
+    RegularExpression wordAndNumber{
+        uR"(^\p{L}{3,}\s(?!(?:19|20)\d\d\b)\d{3,}$|^(?!.*\b(?:last|every|after|before|days?|weeks?|version|jan|feb|mar|apr|may|jun|jul|aug|sep|oct|nov|dec|changed|updated|expires|minimum|least|sidst|efter)\b)\p{L}{3,12}(?:[ -]\p{L}{3,12}){1,7}[ -](?!(?:19|20)\d\d\b)\d{1,4}$)"};
     RegularExpression wordsInCell{
-        uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,23}$)",
+        uR"(^\p{L}{3,}(?:[-._+]\p{L}{3,}){2,}$|^(?!.*\b(?:must|with|your|last|this|that|click|reveal|show|hidden|copy|change|reset|enter|choose|from|have|used|will|skal|ikke|for|and|the|not|med|din|som)\b)\p{Ll}{2,10}(?: \p{Ll}{2,10}){3,23}$)",
         sensitive};
     RegularExpression tornInCell{
         uR"(^[^\s]{2,24}(?:(?<=[-_!&#+@%*.])\s|\s(?=[-_!&#+@%*]))\S{2,24}(?:\s?\S{2,24}){0,3}$)"};
@@ -53,6 +54,8 @@ struct Expressions {
         uR"((?:pass(?:word|wd|phrase)?|pwd|secret|adgangskode)["'”’]?\s?[:=]\s?["'“‘]([^"'”’“‘<>{}$]{5,60})["'”’])"};
     RegularExpression codeOfThing{
         uR"((?<!\p{L})(?:pass(?:word|code)|code|kode|adgangskode)\s(?:for|to|til)\s[^.,:;]{2,40}?\s(?:is|er)\s([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().]))"};
+    RegularExpression passwordOfThing{
+        uR"((?<!\p{L})(?:password|passcode|passphrase|adgangskode|kodeord)n?\s(?:for|to|til)\s[^.,:;]{2,24}:\s([^\s"'”“,;<>()]{5,}[^\s"'”“,;<>().]))"};
     RegularExpression user{uR"((?<!\S)(?:-u|--user)[ =]["'“]?[\w.@-]{1,40}:([^\s"'”]{4,}))"};
     /// Of words only: "password is heron-lake-otter", "password: “orange bicycle window”".
     RegularExpression words{
@@ -68,6 +71,19 @@ struct Expressions {
         uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}(?:-(?!Room|Hall|Floor|Printer|Server|Network|Report|Template|Layer|Candidate|Phase|Sprint|Group|Team|Table|Week|Part|March|April)\p{Lu}\p{Ll}{3,12}-(?!(?:19|20)\d\d)|[!$%&*^])\d{2,4})(?![\w/@-]))",
         sensitive};
 
+    /// And "Plover-9-Beacon_21", "kT7#heather!Delta", "4-0-9-2".
+    RegularExpression signsInWord{
+        uR"((?<![\w./@-])(\p{Lu}\p{Ll}{3,12}-\d{1,3}-\p{Lu}\p{Ll}{3,12}[-_]\d{1,4})(?![\w/@-]))"
+        uR"(|(?<!\S)((?=\S*\d)(?=\S*\p{Lu})[\p{L}\d]{2,12}[#!$%*^£][\p{L}\d]{3,16}[#!$%*^£&][\p{L}\d]{2,12})(?!\S)|^(\d(?:-\d){3,5})$)",
+        sensitive};
+    /// Words in small letters are a key behind their label only, from which the blank may be lost, and groups
+    /// of any length at the end of the line behind what they are for.
+    RegularExpression wordsOfKey{
+        uR"((?<!\p{L})(?:[Kk]ey|[Pp]ass(?:word|phrase|code)|[Kk]odeord|[Aa]dgangskode|[Kk]ode)\s?[:=]?\s?(\p{Ll}{3,12}(?:-\p{Ll}{3,12}){1,5}-\d{1,4})(?![\w-]))",
+        sensitive};
+    RegularExpression groupsForThing{
+        uR"((?<!\p{L})(?:pass(?:word|code)|code|\p{L}{0,9}koden?)\s(?:for|to|til)\s[^\s.,:;]{2,20}(?:\s[^\s.,:;]{2,20}){0,2}:?\s((?=[\w-]*\d)[a-z\d]{2,8}(?:-[a-z\d]{2,8}){1,4})\s*$)"};
+
     /// "exportfix with Marigold!7726": the name of the user in front.
     RegularExpression withPassword{
         uR"((?<!\p{L})(?:with|med)\s+((?=\S{0,40}\d\d)\p{Lu}[\p{L}\d_]{2,20}[!$%&*^][\w!$%&*^-]{2,20})(?![\w/.]))",
@@ -77,7 +93,7 @@ struct Expressions {
     RegularExpression knownShape{
         uR"((?<![A-Za-z0-9])(?:(?:AKIA|ASIA|AROA|AGPA)[A-Z0-9]{12,}|AIza[\w-]{20,}|gh[oprsu]_\w{12,})"
         uR"(|github_pat_\w{12,}|glpat-[\w-]{12,}|xox[abeoprs]-[\w-]{10,}|npm_\w{16,}|hf_\w{16,}|ya29\.[\w-]{16,})"
-        uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|s%3A[\w%.-]{16,}|[rsp]k_(?:live|test|prod|demo)_\w{10,}|whsec_\w{12,})"
+        uR"(|SG\.[\w-]{12,}\.[\w-]{12,}|s%3A[\w%.-]{16,}|[a-z]{0,2}k_(?:live|test|prod|demo)(?:_|\s(?=\w*\d))\w{10,}|whsec_\w{12,})"
         uR"(|eyJ[\w-]{6,}\s?\.\s?[\w-]{4,}(?:\s?\.\s?[\w-]{4,}(?:\s[\w-]{12,})?)?))",
         sensitive};
     /// Behind the initials of whose it is, as far as it was read well.
@@ -95,11 +111,12 @@ struct Expressions {
     /// Group 1 is a number that opens something, which is a secret for what stands before it only.
     RegularExpression code{
         uR"((?<!\p{L})(?:(?:pin|puk)(?:[- ]?(?:code|kode))?|(?:security|access|pass|door|gate|alarm|verification|one-time|entry|log-?in|sign-?in)"
-        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm)koden?|kontrolcifre)"
+        uR"(|confirmation|lock ?box|key ?safe|key ?box|keypad|2fa|pick-?up|collection|locker)[ -]?code|passcode|otp|cv[cv]2?|(?:sikkerheds|engangs|adgangs|d[øo]r|port|alarm|afhentnings|udleverings|pakke|hente|nøgle|boks|bank|lås)koden?|kontrolcifre)"
         uR"(|(?:your[ -]?code|koden?)(?!\W{0,3}\d{3}(?![ -]?\d))))"
-        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?: \d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
+        uR"((?:\s(?:til|for|to)\s[^.,;\d]{2,20})?\s*(?:[:.=#]|is|er)?\s*[#*]?(\d{3,8}|\d{2,4}(?:[ -]\d{2,4}){1,2}|\d(?:[ -]\d){3,7}|\d{2}[*#]\d{2,4})(?![\d./]|[,-]\d| \d))"};
     RegularExpression codeToEnter{
-        uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"};
+        uR"((?<!\p{L})(?:enter|use|type|indtast|brug)\s(?:(?:the|this|your|one-time|code|koden?)\s){0,3}(\d{4,8}|\d{3}[ -]\d{3})\s(?:to|for at)\s(?:sign|log|verify|confirm|continue|unlock|open|bekræfte|åbne))"
+        uR"(|(?<!\p{L})(?:enter|use|type|press|indtast|brug|tast)\s(?:(?:the|code|koden?)\s){0,2}[#*]?(\d{4,6})\s?[#*]?\s(?:at|on|by|for|in|ved|på|i)\s(?:the\s)?(?:\p{L}{3,9}\s)?(?:gate|door|entrance|keypad|garage|lift|elevator|barrier|port\w{0,2}|dør\w{0,2}|låge\w{0,2})(?!\p{L}))"};
     RegularExpression door{
         uR"((?<!\p{L})(?:(?:door|gate|dør|port|alarm)(?:\s(?:is|er)\s|:\s|\s)[#*]|(?:(?:door|gate|dør|alarm)(?:\s(?:is|er)|:)|port\ser)\s|(?:lock ?box|key ?(?:safe|box)|nøgleboks(?:en)?|keypad)(?:\s(?:is|er))?:?\s[#*]?)(\d{4,6})(?![\d.,:/-]))"};
     RegularExpression codeBefore{
@@ -184,10 +201,18 @@ private:
     void addCodes() {
         for (const RegularExpression* expression :
              {&m_expressions.code, &m_expressions.codeBefore, &m_expressions.codeToEnter, &m_expressions.door,
-              &m_expressions.wordsWithNumber, &m_expressions.authenticatorKey}) {
+              &m_expressions.wordsWithNumber, &m_expressions.authenticatorKey, &m_expressions.wordsOfKey}) {
             if (!m_hasDigit)
                 break;
             for (const auto& match : expression->matches(m_line))
+                add(*std::ranges::find_if(match.groups, [](TextRange group) { return group.location >= 0; }));
+        }
+        if (m_hasDigit) {
+            for (const TextRange range : m_expressions.signsInWord.ranges(m_line))
+                add(range);
+        }
+        for (const auto& match : m_expressions.groupsForThing.matches(m_line)) {
+            if (Composition(textOf(match.groups[0])).changes >= 2)
                 add(match.groups[0]);
         }
         for (const auto& match : m_expressions.groups.matches(m_line)) {
@@ -227,8 +252,9 @@ private:
     void addNamedSecrets() {
         for (const auto& match : m_expressions.words.matches(m_line))
             add(match.groups[0].location >= 0 ? match.groups[0] : match.groups[1]);
-        for (const RegularExpression* expression : {&m_expressions.assignment, &m_expressions.sentence,
-                                                    &m_expressions.withPassword, &m_expressions.user})
+        for (const RegularExpression* expression :
+             {&m_expressions.assignment, &m_expressions.sentence, &m_expressions.withPassword,
+              &m_expressions.passwordOfThing, &m_expressions.user})
             addChosen(*expression, 0);
         if (!m_hasDigit)
             return;

@@ -47,6 +47,7 @@ TextRange grown(QStringView line, TextRange credential) {
     constexpr qsizetype shortestPiece = 4;
     constexpr qsizetype pieceBeforeReach = 24;
     constexpr qsizetype shortestRow = 40;
+    constexpr qsizetype shortestKey = 18;
     static const RegularExpression pieceBefore(uR"((?<![\p{L}\p{N}])[\p{L}\p{N}]{2,20}[#!$%&*^~@]$)");
     const qsizetype from = std::max<qsizetype>(0, credential.location - pieceBeforeReach);
     if (const auto before = pieceBefore.firstMatch(line.sliced(from, credential.location - from))) {
@@ -64,7 +65,11 @@ TextRange grown(QStringView line, TextRange credential) {
     }
     // All of a long one up to the next blank: a row of a key in several rows.
     static const RegularExpression rest(uR"([^\s"'”“<>()\[\]{},;]{1,60})");
-    const auto end = credential.length >= shortestRow ? rest.matchAt(line, credential.end()) : std::nullopt;
+    // Of a shorter one past a sign that hardly stands behind a word.
+    static const RegularExpression restPastSign(uR"([%~!$^*+£][\p{L}\p{N}%~!$^*+£_-]{1,60})");
+    const auto end = credential.length >= shortestRow   ? rest.matchAt(line, credential.end())
+                     : credential.length >= shortestKey ? restPastSign.matchAt(line, credential.end())
+                                                        : std::nullopt;
     return end ? TextRange{credential.location, end->range.end() - credential.location} : credential;
 }
 
@@ -94,6 +99,13 @@ bool isRandom(QStringView text) {
     if (text.contains(u'/') && text.size() < leastLengthWithSlash)
         return false;
     const Composition parts(text);
+    static const RegularExpression longWord(uR"(\p{Ll}{5}|\p{Lu}{6})",
+                                            RegularExpression::CaseSensitivity::sensitive);
+    constexpr int fewestBreaks = 6;
+    constexpr int fewestCapitals = 4;
+    if (parts.digits >= 3 && parts.upper >= fewestCapitals && parts.lower >= fewestCapitals &&
+        breaks(text) >= fewestBreaks && !longWord.hasMatch(text) && !text.contains(u'/'))
+        return true;
     const int leastOfPath = text.contains(u'/') ? 2 * leastChanges : leastChanges;
     const bool isUnbroken =
         std::ranges::all_of(text, [](QChar character) { return character.isLetterOrNumber(); });

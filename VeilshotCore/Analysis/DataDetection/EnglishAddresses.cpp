@@ -149,7 +149,10 @@ QString houseOrFlat() {
     const QString start = uR"((?<=^|\t)\s{0,3})"_s;
     const QString end = uR"((?=\s*[,.]?\s*(?:$|\t)))"_s;
     const QString words = u"(?:"_s + streetWord + uR"(\s+){1,3}?)"_s;
-    const QString dwelling = u"(?:Cottage|Barn|Farm|Mill|Forge|Rectory|Vicarage|Manor|Grange|Farmhouse)"_s;
+    const QString dwelling =
+        u"(?:Cottage|Barn|Farm|Mill|Forge|Rectory|Vicarage|Manor|Grange|Farmhouse|Smithy|Stables|Granary|"
+        u"Malthouse"
+        u"|Bakery|Chapel|School(?:house|\\sHouse)|Dairy|Gatehouse|Maltings|Boathouse|Priory|Coach\\sHouse)"_s;
     // Those without the number of a street are "Music Hall, Live Drive" too.
     const QString house = anyOf({dwelling, u"House|Lodge|Villa|Hall"_s});
     const QString flat = uR"((?:Flat|Suite|Ste|Unit)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s;
@@ -158,16 +161,20 @@ QString houseOrFlat() {
         uR"((?!(?:Lovely|Beautiful|Charming|Cozy|Cosy|Perfect|Great|Nice|Amazing|Fantastic|Holiday)"
         uR"(|Guest|Summer|Family|Entire|Private|My|Our|Your|This|Small|Large|New|Luxury)\s))"_s;
     return start +
-           anyOf({words + house + uR"(\s*,\s*\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s +
-                      streetWord + u"){0,3}"_s,
-                  anyOf({words + dwelling, uR"(The\s+)"_s + words}) + uR"(\s*,\s*)"_s + words +
-                      anyOf({streetType}) + uR"(\b)"_s,
-                  notPraise + uR"((?:The\s+)?)"_s + streetWord +
-                      uR"(\s+(?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
-                  uR"((?:Apt|Apartment)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s + end,
-                  uR"((?=[FSU]))"_s +
-                      anyOf({uR"((?<=(?i:addr|adr|street|unit|line)[^\t]{0,20}\t\s{0,3}))"_s + flat + end,
-                             flat + countryInColumn})});
+           anyOf(
+               {words + house + uR"(\s*,\s*\d{1,4}[A-Za-c]?\s+)"_s + streetWord + uR"((?:\s+)"_s +
+                    streetWord + u"){0,3}"_s,
+                anyOf({words + dwelling, uR"(The\s+)"_s + words}) + uR"(\s*,\s*)"_s + words +
+                    anyOf({streetType}) + uR"(\b)"_s,
+                notPraise + uR"((?:The\s+)?)"_s + streetWord +
+                    uR"(\s+(?:Cottage|Farmhouse|Rectory|Vicarage))"_s + end,
+                uR"((?:Apt|Apartment)\.?\s?#?\s?\d{1,4}[A-Z]?)"_s + end,
+                uR"((?:Room|Rm|Unit|Flat)\.?\s\d{1,4}[A-Z]?,\s(?:(?:Maison|Corpo|Villa|Residence|Casa|Haus)\s)"_s +
+                    streetWord + u'|' + words +
+                    uR"((?:Mansions?|Heights|Apartments|Residences?|Towers?|Mill))"_s + u')' + end,
+                uR"((?=[FSU]))"_s +
+                    anyOf({uR"((?<=(?i:addr|adr|street|unit|line)[^\t]{0,20}\t\s{0,3}))"_s + flat + end,
+                           flat + countryInColumn})});
 }
 
 QString americanPlace() {

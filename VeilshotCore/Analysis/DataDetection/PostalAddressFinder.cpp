@@ -244,7 +244,7 @@ struct FieldShapes {
         RegularExpression::CaseSensitivity::sensitive};
     RegularExpression quantity{
         uR"(\d[.,]\d|^\d+ ?(?:[KMG]B|kg|km|cm|mm|m|pcs|stk|kr)\b|\b(?:DKK|EUR|USD|GBP|mm|cm)\b)"};
-    RegularExpression district{uR"( (?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)$)"};
+    RegularExpression district{uR"( (?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M|St\.?|Sj\.?)$)"};
     /// No amount: a word of more than two small letters, but for what flats are called, is none of it.
     RegularExpression postcode{
         uR"(^(?=.{0,14}\d)(?!per\b|.*(?:\bk?m[23]|\d{3} ?[gl])$)(?:(?i:apartment|apt|flat|unit|suite|floor|level|bldg|lejl)\.? ?)?)"
@@ -272,8 +272,10 @@ bool isFieldOfAddress(const LabelledValue& field) {
     case LabelTopic::address:
         return !isHeader && shapes.address.hasMatch(value);
     case LabelTopic::town: // "By" names an author too
-        if (field.label.compare(u"by", Qt::CaseInsensitive) == 0)
-            return isDanishTown(value.chopped(shapes.district.hasMatch(value) ? 2 : 0));
+        if (field.label.compare(u"by", Qt::CaseInsensitive) == 0) {
+            const auto district = shapes.district.firstMatch(value);
+            return isDanishTown(value.chopped(district ? district->range.length : 0));
+        }
         return !isHeader && shapes.town.hasMatch(value);
     case LabelTopic::postcode:
         return !shapes.quantity.hasMatch(value) &&

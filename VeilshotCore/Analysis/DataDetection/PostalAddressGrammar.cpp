@@ -75,6 +75,9 @@ PostalAddressGrammar::PostalAddressGrammar()
           QStringList{
               postBox,
               uR"((?<!\w)(?=[A-Z]{0,2}\d)(?<=(?i:\bzip code|\bpost ?code|\bpostal code|\bpostnr|\bpostnummer|\bplz)[:.]{0,2}\s)(?:\d{4,6}(?:-\d{3,4})?|[A-Z]{1,2}\d[A-Z\d]? ?\d[A-Z]{2})(?![\w.,]\w))"_s,
+              // Postcodes that are told by the letters of their small countries.
+              uR"((?<![\w-])(?:(?:FO[-‑ ]?|IS[-‑])\d{3}|(?:L|SI|LV)[-‑]\d{4}|(?:LT|HR|EE)[-‑]\d{5})\s+(?=\p{Lu}\p{Ll}{2}))"_s +
+                  city(),
               uR"((?<=,\s)Dublin\s\d{1,2}W?(?!\w))"_s,
               uR"((?<=^|\t)\s{0,3})"_s + careOf + uR"((?=,?\s*$))"_s})),
       danishPlace(compiled(
@@ -95,7 +98,7 @@ PostalAddressGrammar::PostalAddressGrammar()
       precedingUnit(compiled(uR"(((?:)"_s + unit() + u'|' + careOf + uR"(,)\s*,?\s*)$)"_s)),
       precedingHouse(compiled(
           uR"((?:^|(?<=[:\-–—•>]\s)|(?<=\b(?:to|til|from|fra|at|hos|på|ved)\s)|(?<=(?:Unit|Suite|Flat|Apt|Floor|Room)\s\w{1,4},\s))((?!(?:Mr|Mrs|Ms|Dr|Ship|Deliver|Visit|Send|Adr|Addr|Adresse|Address)\b))"_s +
-          anyOf({unit(), unit() + uR"((?:,\s*)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}){1,3}"_s,
+          anyOf({unit(), unit() + uR"((?:[,.]\s*)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}){1,3}"_s,
                  uR"((?:The\s+)?)"_s + name() + uR"((?:\s+)"_s + name() + u"){0,3}"_s}) +
           uR"(\s*,\s*)$)"_s)),
       precedingParts(compiled(

@@ -27,6 +27,11 @@ ReadingPart withoutColon(const SegmentReading& label) {
     return {label, {0, length}};
 }
 
+/// Its comma is written by what joins it to the next.
+ReadingPart withoutComma(const SegmentReading& reading) {
+    return {reading, {0, reading.text.size() - (reading.text.endsWith(u',') ? 1 : 0)}};
+}
+
 /// The last words, or the first.
 enum class End { first, last };
 
@@ -116,6 +121,15 @@ void appendLabelled(std::vector<RecognizedLine>& lines, const std::vector<Segmen
         const SegmentReading& value = readings[index];
         if (isPerson ? mayBeName(value.text) : labels.mayBeValue(value, index))
             appendForEach(lines, {withoutColon(label), whole(value)}, u"\t", image);
+        const SegmentReading* row = &value;
+        while (!isPerson && isRowOfWords(row->text)) {
+            const auto next = std::ranges::find_if(
+                readings, [&](const SegmentReading& lower) { return isBelow(*row, lower); });
+            if (next == readings.end() || !isRowOfWords(next->text))
+                break;
+            row = &*next;
+            appendForEach(lines, {withoutColon(label), whole(*row)}, u"\t", image);
+        }
     };
     std::optional<std::size_t> beside;
     std::optional<std::size_t> field;
@@ -157,7 +171,7 @@ void appendAddress(std::vector<RecognizedLine>& lines, const SegmentReading& end
         if (mayBeStreet(upper->text)) {
             std::vector<ReadingPart> parts;
             std::transform(rows.rbegin(), rows.rend(), std::back_inserter(parts),
-                           [](const SegmentReading* row) { return whole(*row); });
+                           [](const SegmentReading* row) { return withoutComma(*row); });
             return appendForEach(lines, parts, u", ", image);
         }
         if (!isTown(upper->text))

@@ -49,8 +49,10 @@ bool goesOnInCell(const QString& upper, const QString& lower) {
     static const RegularExpression restOfNumber(uR"(^\d{2,4}(?: \d{2})?$)");
     static const RegularExpression begunNumber(uR"([\p{L}+,].*\d{2} \d{2,4}$)");
     static const RegularExpression postcode(uR"(, \d{4,5}$)");
+    static const RegularExpression begunStreet(uR"(\p{L}{3}[^,]* \d{1,4}[A-Za-z]?,$)");
     static const RegularExpression word(uR"(\p{L}{2})");
-    return (restOfAddress.hasMatch(lower) && word.hasMatch(upper)) ||
+    return (begunStreet.hasMatch(upper) && isTown(lower)) ||
+           (restOfAddress.hasMatch(lower) && word.hasMatch(upper)) ||
            (restOfNumber.hasMatch(lower) && begunNumber.hasMatch(upper)) ||
            (postcode.hasMatch(upper) && isTown(lower));
 }
@@ -71,11 +73,14 @@ bool goesOnInText(const QString& upper, const QString& lower) {
     static const RegularExpression begunAccount(uR"(\b[A-Z]{2}\d{2}(?: [A-Z\d]{4}){0,6}$)", sensitive);
     static const RegularExpression restOfAccount(uR"(^(?=[A-Z\d ]{0,6}\d)[A-Z\d]{4} [A-Z\d]{1,4})",
                                                  sensitive);
+    static const RegularExpression begunTown(uR"(\d.*, \d{4} \p{Lu}\p{Ll}{2,}$)", sensitive);
+    static const RegularExpression district(uR"(^(?:NV|SV|NØ|SØ|N|S|Ø|V|K|C|M)(?=[.,!?;]|$))", sensitive);
     static const RegularExpression begunHouse(uR"(\p{Lu}\p{Ll}+$)", sensitive);
     static const RegularExpression restOfHouse(uR"(^\p{Lu}\p{Ll}+, \d{1,4}[A-Za-z]? \p{Lu}\p{Ll})",
                                                sensitive);
     return (begunAccount.hasMatch(upper) && restOfAccount.hasMatch(lower)) ||
            (begunHouse.hasMatch(upper) && restOfHouse.hasMatch(lower)) ||
+           (begunTown.hasMatch(upper) && district.hasMatch(lower)) ||
            (begunAddress.hasMatch(upper) && place.hasMatch(lower)) ||
            (begunPlace.hasMatch(upper) && town.hasMatch(lower)) ||
            (begunState.hasMatch(upper) && postcode.hasMatch(lower)) ||
@@ -87,13 +92,22 @@ bool goesOnInText(const QString& upper, const QString& lower) {
 bool isTornToken(const QString& upper, const QString& lower) {
     static const RegularExpression begunLink(uR"((?:[\w.+-]@|://|www\.)\S*[-./_?&=@]$)");
     static const RegularExpression restOfLink(uR"(^[\w%~.=&?-]*[\w/](?=\s|$))");
+    static const RegularExpression linkToEnd(uR"(://\S*\w$)");
+    static const RegularExpression restWithSlash(
+        uR"(^(?!(?:and|or|og|eller|he|she)/)[\w.-]+/[\w%~.=&?/-]*\w(?=\s|$))");
     static const RegularExpression begunMailbox(uR"([\p{L}\d]{2}[-._]$)");
     static const RegularExpression restOfMail(uR"(^[\w.+-]+@[\w-]+\.\w)");
     static const RegularExpression begunKey(uR"((?<!\S)(?=\S*\d)[\w-]{8,}-$)");
     static const RegularExpression restOfKey(uR"(^(?=\S*\d)[\w-]{6,})");
-    return (begunLink.hasMatch(upper) && restOfLink.hasMatch(lower)) ||
+    return (linkToEnd.hasMatch(upper) && restWithSlash.hasMatch(lower)) ||
+           (begunLink.hasMatch(upper) && restOfLink.hasMatch(lower)) ||
            (begunMailbox.hasMatch(upper) && restOfMail.hasMatch(lower)) ||
            (begunKey.hasMatch(upper) && restOfKey.hasMatch(lower));
+}
+
+bool isRowOfWords(const QString& text) {
+    static const RegularExpression expression(uR"(^\p{Ll}{3,10}(?: \p{Ll}{3,10}){3,11}$)", sensitive);
+    return expression.hasMatch(text);
 }
 
 bool hasLabel(const QString& text) {

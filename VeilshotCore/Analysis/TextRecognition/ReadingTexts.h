@@ -32,4 +32,7 @@ bool goesOnInText(const QString& upper, const QString& lower);
 /// hyphen.
 bool isTornToken(const QString& upper, const QString& lower);
 
+/// Whether it is a row of a secret of words, which goes on in the next.
+bool isRowOfWords(const QString& text);
+
 } // namespace Veilshot

@@ -27,6 +27,13 @@ TEST(CredentialFinder, FindsKeysAndWhatALabelSaysToBeSecret) {
          "Key box code [3 9 1 7], by", "Kode til kortet er [Vinter-6628], og", "[m4ub-e9xk]",
          "Wi-Fi voucher [heron-4K2P-77].", "[JBSW Y3DP EHPK 3PXP]", "Enter [482913] to sign in",
          "Security answer\t[mustard Kadett]", "the password is [heron-lake-otter] ok", "kode: [Solsort-88]"});
+    expectFound<CredentialFinder>(
+        {"Passphrase\t[green lantern river 27]", "[Plover-9-Beacon_21]", "[kT7#heather!Delta]",
+         "shop/client-secret\t[WQEFhDyK407L~fYsTMpYnRYD0bj.X7V3]", "[wqk-c4w4c6-2capc3cvw2-avi9%ena]",
+         "Midlertidig kode til VPN [Rk4-pq77-Lm]", "Key[heather-kettle-482] hangs", "[4-0-7-9]",
+         "Afhentningskode [620814]", "Safe combination\t[14-32-08]", "First pet\t[Biscuit]",
+         "Adgangskode til wifi: [Solsikke99]", "Koden er [2-2-4-1]", "SSH passphrase\t[maple syrup on rye]",
+         "Use code [4471] at the gate", "maps = [mk_live 9fQz37LrTnOcXw2Bv]"});
 }
 
 TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
@@ -41,9 +48,11 @@ TEST(CredentialFinder, LeavesWordsNamesOfFilesAndCodeAlone) {
          "is_valid_username2", "activation codes high-quality", "Password\tTwo-factor authentication",
          "Tokens\t512", "Password\tlast changed 3 months ago", "password reset - 2 hours",
          "password is case-sensitive", "password changed! Please log in 2024", "trace-0316"});
-    expectNothingFound<CredentialFinder>({"Port: 8080", "HTTP-kode 404", "Passwords\t1280",
-                                          "Network key\tWPA2-PSK", "Token\trefresh 3600",
-                                          "The code for this is step2.js", "Sheet-Layer-12"});
+    expectNothingFound<CredentialFinder>(
+        {"Port: 8080", "HTTP-kode 404", "Passwords\t1280", "Network key\tWPA2-PSK", "Token\trefresh 3600",
+         "The code for this is step2.js", "Sheet-Layer-12", "Password\tlast changed day 12", "host-name-12",
+         "Key features 12", "Code for order AB-C12", "12-0-4", "Password\tclick to reveal it",
+         "Use code 4471 in the report"});
 }
 
 } // namespace

@@ -40,13 +40,33 @@ TEST(PostalAddressFinder, FindsAddressesOfManyCountries) {
          "Flat 4B, Shanti Apartments, MG Road, Pune 411001", "Sector 62, Noida 201301",
          "14, 4th Cross, Indiranagar, Bengaluru 560038", "1-2-3 Jingumae, Shibuya-ku, Tokyo 150-0001",
          "Rua Augusta, 1508, Consolação, São Paulo - SP, 01305-100", "P.O. Box 12345-00100, Nairobi"});
-    expectFoundWhole<PostalAddressFinder>(
-        {"Cinar Sok. No: 14 D: 7, 34730 Kadikéy/Istanbul", "Petőfi utca 12, 1052 Budapest",
-         "Calle Lautaro 551, depto. 902, 4030000 Concepción", "Kerkpad 4 bus 2, 9000 Gent",
-         "3 Quay Cottages, Kinsale, Co. Cork P17 XD72", "Whanganui 4500",
-         "Hyldespjældet 42, kld., 2620 Albertslund", "Jalan Sudirman 12, Jakarta 12190",
-         "Villa 12, Street 4B, Al Barsha, Dubai", "Cra. 7 #71-21, Bogotá", "Rothschild Blvd 12, Tel Aviv",
-         "No. 12, Lane 88, Huaihai Rd, Xuhui District, Shanghai 200031", "Apt 4, The Oaks, Dublin 8"});
+    expectFoundWhole<PostalAddressFinder>({"Cinar Sok. No: 14 D: 7, 34730 Kadikéy/Istanbul",
+                                           "Petőfi utca 12, 1052 Budapest",
+                                           "Calle Lautaro 551, depto. 902, 4030000 Concepción",
+                                           "Kerkpad 4 bus 2, 9000 Gent",
+                                           "3 Quay Cottages, Kinsale, Co. Cork P17 XD72",
+                                           "Whanganui 4500",
+                                           "Hyldespjældet 42, kld., 2620 Albertslund",
+                                           "Jalan Sudirman 12, Jakarta 12190",
+                                           "Villa 12, Street 4B, Al Barsha, Dubai",
+                                           "Cra. 7 #71-21, Bogotá",
+                                           "Rothschild Blvd 12, Tel Aviv",
+                                           "No. 12, Lane 88, Huaihai Rd, Xuhui District, Shanghai 200031",
+                                           "Apt 4, The Oaks, Dublin 8",
+                                           "Bik 302 Yishun Ring Rd #08‑117",
+                                           "31 Donggyo-ro 4-gil",
+                                           "Room 407, Maison Akane",
+                                           "FO-100 Torshavn",
+                                           "The Old Forge, Mill Lane",
+                                           "12 Abbey Walk, Sligo F91 XY@5",
+                                           "Calle Mayor 7, 3°B",
+                                           "Unit 6. Calder Mill, Hebden Bridge HX7 8AD",
+                                           "14 Rue des Lilas, 3e étage",
+                                           "Schulstr. 3a, 1. OG links",
+                                           "W4412 Bluemound Rd",
+                                           "Block 7, #12-345",
+                                           "10 Jalan Besar #05-12",
+                                           "Keizersgracht 401 hs"});
 }
 
 TEST(PostalAddressFinder, FindsAddressesWithoutTheirBlanks) {
@@ -71,6 +91,7 @@ TEST(PostalAddressFinder, FindsAddressesInsideALine) {
          "Liv,a@b.dk,[Skagavej 201],no post"});
     expectFound<PostalAddressFinder>({"Apartment, suite, etc. (optional)\t[Unit 7C]", "ZIP code\t[55803]",
                                       "Town / City\t[Duluth]", "street\t[Dizengoff 141]", "By\t[Svendborg]",
+                                      "By\t[København NV]", "Tidl. adresse\t[Gerdisbakki 14, 2. heedd]",
                                       "Address\t[The Old Forge, Mill Lane]",
                                       "Bopæl\t[Fyrrestien 8, 1. th.]"});
     expectNothingFound<PostalAddressFinder>(
@@ -96,7 +117,8 @@ TEST(PostalAddressFinder, LeavesOtherNumberedThingsAlone) {
         {"Address\tSame as shipping", "ADDRESS\tPARENT 1", "By\tBrandon Lee", "By: Brandon",
          "Town\tYears there", "Version 10, Build 22000", "Nelson 2024", "Main Road 2024",
          "Q3 2024, Revenue 12000", "zip\t2.4 MB", "Number: 42", "State: UP", "Unit\t12 months",
-         "Via: 1.1 varnish", "Pris pr. 100 g", "Box 12"});
+         "Via: 1.1 varnish", "Pris pr. 100 g", "Box 12", "Room 12, Main Building", "IS 200 Series",
+         "The Killers, Human Drive"});
 }
 
 } // namespace

@@ -33,12 +33,20 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
     const QRect framed(26, 44, 90, 12);
     EXPECT_EQ(linesWith({evenReading(u"Surname"_s, first), evenReading(u"Cichy"_s, framed)}, framed),
               Texts{"Surname\tCichy"});
-    for (const QString& label : {u"Passport"_s, u"Guest’s licence / ID no. (optional)"_s, u"birth_date"_s,
-                                 u"Wi-Fi password"_s, u"Home address"_s, u"Postnr. og by *"_s})
+    for (const QString& label :
+         {u"Passport"_s, u"Guest’s licence / ID no. (optional)"_s, u"birth_date"_s, u"Wi-Fi password"_s,
+          u"Home address"_s, u"Postnr. og by *"_s, u"shop/db-password"_s, u"26 Number of identity card"_s})
         EXPECT_EQ(linesWith({evenReading(label, first), evenReading(u"X 9"_s, beside)}, beside),
                   Texts{(label + u"\tX 9"_s).toStdString()});
-    for (const QString& label : {u"Member"_s, u"Order no."_s, u"E-mail address"_s, u"Posted by"_s, u"ID"_s})
+    for (const QString& label :
+         {u"Member"_s, u"Order no."_s, u"E-mail address"_s, u"Posted by"_s, u"ID"_s, u"12 Home address"_s})
         EXPECT_EQ(linesWith({evenReading(label, first), evenReading(u"X 9"_s, beside)}, beside), Texts{});
+    const QRect nextRow(150, 30, 90, 12);
+    EXPECT_EQ(linesWith({evenReading(u"Recovery phrase"_s, first),
+                         evenReading(u"ember lotus crane vivid"_s, beside),
+                         evenReading(u"saddle march noodle prism"_s, nextRow)},
+                        nextRow),
+              Texts{"Recovery phrase\tsaddle march noodle prism"});
     // A town and a house number count among other labels of addresses only.
     const auto inForm = [&](const QString& street) {
         return linesWith({evenReading(street, {10, 10, 60, 12}), evenReading(u"Nr."_s, {90, 10, 20, 12}),
@@ -59,6 +67,10 @@ TEST(CombinedLines, ReadOnWhereTwoSegmentsTellMoreTogether) {
         {u"Desmond"_s, u"Mbeki"_s, ""},
         {u"12 Mill Road, Savannah, GA"_s, u"31446"_s, "12 Mill Road, Savannah, GA 31446"},
         {u"Havnegade 52C,"_s, u"3. th"_s, "Havnegade 52C, 3. th"},
+        {u"Havnegade 52C,"_s, u"Tommerup St."_s, "Havnegade 52C, Tommerup St."},
+        {u"Bøgevej 8, 5230 Odense"_s, u"M?"_s, "Bøgevej 8, 5230 Odense M?"},
+        {u"https://mode.samtale.exam"_s, u"ple/r/77-kvist"_s, "https://mode.samtale.example/r/77-kvist"},
+        {u"https://mode.samtale.dk"_s, u"og resten"_s, ""},
         {u"Bo Lund, 98 09 71"_s, u"69"_s, "Bo Lund, 98 09 71 69"},
         {u"you are welcome to call Max on 60 98"_s, u"89 88 on working days"_s,
          "are welcome to call Max on 60 98 89 88 on working days"},
@@ -92,7 +104,7 @@ TEST(CombinedLines, JoinAnAddressThatStandsBelowEachOther) {
                          evenReading(u"Burlington, VT 05470"_s, town)},
                         town),
               Texts{"7427 Vista del Sol, Burlington, VT 05470"});
-    EXPECT_EQ(linesWith({evenReading(u"210 Lower Marsh"_s, street), evenReading(u"Stoke-on-Trent"_s, town),
+    EXPECT_EQ(linesWith({evenReading(u"210 Lower Marsh,"_s, street), evenReading(u"Stoke-on-Trent"_s, town),
                          evenReading(u"ST4 3ZQ"_s, postcode)},
                         street),
               Texts{"210 Lower Marsh, Stoke-on-Trent, ST4 3ZQ"});
