@@ -88,7 +88,7 @@ std::string_view takeUntil(std::string_view& text, char separator) {
 
 const NameLexicon& NameLexicon::shared() {
     static const NameLexicon lexicon(frontDecoded(resource(u"NameLexicon.txt"_s)),
-                                     resource(u"NameContext.txt"_s));
+                                     resource(u"NameContext.txt"_s) + resource(u"NameAdditions.txt"_s));
     return lexicon;
 }
 
