@@ -4,7 +4,6 @@
 #include "VeilshotCore/Analysis/NameTagging/TrainedNameTagger.h"
 #include "VeilshotCore/Analysis/RepeatedWordLine.h"
 #include "VeilshotCore/Analysis/TextRecognition/TesseractTextRecognizer.h"
-#include "VeilshotCore/Detection/LetteredNumber.h"
 #include "VeilshotCore/Detection/TextPatterns.h"
 
 #include <algorithm>
@@ -43,12 +42,6 @@ std::vector<SensitiveTextDetector::TextMatch> allMatches(const QString& text,
     std::vector<Detector::TextMatch> matches = Detector::matches(text);
     std::ranges::copy(Detector::dataDetectorMatches(text, *analyzers.dataDetector),
                       std::back_inserter(matches));
-    for (Detector::TextMatch& match : matches) {
-        const bool isNumber = match.kind == SensitiveKind::phone || match.kind == SensitiveKind::identity ||
-                              match.kind == SensitiveKind::payment;
-        if (isNumber && fallsOnCharacters(text, match.range))
-            match.range = withLettersOfNumber(text, match.range);
-    }
     std::ranges::copy(Detector::nameMatches(text, *analyzers.nameTagger), std::back_inserter(matches));
     return matches;
 }

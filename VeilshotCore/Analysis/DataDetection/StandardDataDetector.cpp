@@ -1,5 +1,6 @@
 #include "VeilshotCore/Analysis/DataDetection/StandardDataDetector.h"
 
+#include "VeilshotCore/Analysis/DataDetection/LetteredNumber.h"
 #include "VeilshotCore/Analysis/DataDetection/MisreadSigns.h"
 
 #include <QString>
@@ -45,6 +46,10 @@ std::vector<DataMatch> StandardDataDetector::matches(const QString& line) const 
             match.range = corrected.original(match.range);
             addNew(matches, std::move(match));
         }
+    }
+    for (DataMatch& match : matches) {
+        if (match.type == DataMatch::Type::phoneNumber)
+            match.range = withLettersOfNumber(line, match.range);
     }
     std::ranges::stable_sort(matches, {}, [](const DataMatch& match) { return match.range.location; });
     return matches;

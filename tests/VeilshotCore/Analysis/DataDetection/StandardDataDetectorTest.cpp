@@ -45,7 +45,7 @@ TEST(StandardDataDetector, SearchesWhatTheLineProbablyWasAndTellsWhereItStands) 
         {u"O7700 9O04l8"_s, Type::phoneNumber},        {u"+45_ 20 12 34 S6"_s, Type::phoneNumber},
         {u"Denver, CO 8O2O3"_s, Type::address},        {u"docs.example. com/v2"_s, Type::link},
         {u"shop.example,com"_s, Type::link},           {u"anna._berg@mail._example.com"_s, Type::link},
-        {u"4539 l488 0343 6467"_s, Type::phoneNumber},
+        {u"4539 l488 0343 6467"_s, Type::phoneNumber}, {u"KK 44719023"_s, Type::phoneNumber},
     };
     const QString prefix = u"😀 æ – "_s;
     for (const auto& [detail, type] : rows) {

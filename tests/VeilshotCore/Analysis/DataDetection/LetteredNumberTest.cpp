@@ -1,4 +1,4 @@
-#include "VeilshotCore/Detection/LetteredNumber.h"
+#include "VeilshotCore/Analysis/DataDetection/LetteredNumber.h"
 
 #include <QString>
 #include <gtest/gtest.h>

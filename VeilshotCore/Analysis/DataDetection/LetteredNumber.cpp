@@ -1,4 +1,4 @@
-#include "VeilshotCore/Detection/LetteredNumber.h"
+#include "VeilshotCore/Analysis/DataDetection/LetteredNumber.h"
 
 #include "VeilshotCore/Analysis/RegularExpression.h"
 #include "VeilshotCore/Analysis/TellingLabel.h"
