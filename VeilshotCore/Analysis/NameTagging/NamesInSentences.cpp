@@ -141,20 +141,18 @@ bool isRelative(const NameLine& line, size_t at) {
     const NameWord& word = line.word(at);
     const NameWord& next = line.word(at + 1);
     if (at == 0 || !word.touches() || !line.word(at - 1).isLower() || !line.word(at - 1).isOneOf(relations) ||
-        word.letterCase != LetterCase::title || !word.isShapedLikeName() ||
-        (next.touches() && !next.isLower()))
+        !word.isShapedLikeName() || (next.touches() && !next.isLower()))
         return false;
     return isFirstNameLike(word) || (word.is(anyName) && !word.is(anyMeaning & ~unusualMeaning));
 }
 
-/// "Ask Hyacinth or phone": what stands behind such a word and is no everyday one.
+/// "Ask Hyacinth or phone": a name, or what nobody knows but is spelt like one, behind such a word.
 bool isAsked(const NameLine& line, size_t at) {
     constexpr std::array<std::string_view, 8> asking{"ask",   "asks", "asked", "tell",
                                                      "tells", "told", "sporg", "spurgte"};
     const NameWord& word = line.word(at);
     const NameWord& next = line.word(at + 1);
-    if (at == 0 || !word.touches() || !word.isShapedLikeName() || word.letterCase != LetterCase::title ||
-        (next.touches() && !next.isLower()))
+    if (at == 0 || !word.touches() || !word.isShapedLikeName() || (next.touches() && !next.isLower()))
         return false;
     const bool isAskedFor = at > 1 && line.word(at - 1).folded == "for" && line.word(at - 2).folded == "ask";
     const bool isNamed = word.is(anyName) && !word.is(anyMeaning & ~ordinaryMeaning);
